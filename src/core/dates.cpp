@@ -1,0 +1,245 @@
+#include "core/dates.h"
+
+#include <charconv>
+#include <chrono>
+#include <cmath>
+
+#include <fmt/format.h>
+
+#include "core/error_report.h"
+#include "core/numbers.h"
+#include "core/text.h"
+
+namespace lomaris {
+namespace {
+
+constexpr std::chrono::sys_days kDayZero =
+    std::chrono::year(1899) / std::chrono::December / std::chrono::day(30);
+constexpr std::int64_t kSecondsPerDay = 86400;
+constexpr std::string_view kFileMask = "mm/dd/yyyy Hh:Nn";
+
+/// Reads a date text from its start; each step says whether it found what it looks for.
+class DateCursor {
+ public:
+  explicit DateCursor(std::string_view text) : rest_(Trim(text)) {}
+
+  bool AtEnd() const { return rest_.empty(); }
+
+  bool Number(int& value, std::size_t maxDigits, std::size_t* digits = nullptr) {
+    const std::string_view head = rest_.substr(0, maxDigits);
+    const auto [end, error] = std::from_chars(head.data(), head.data() + head.size(), value);
+    if (error != std::errc() || head.front() == '-') return false;
+    const auto length = static_cast<std::size_t>(end - head.data());
+    if (digits != nullptr) *digits = length;
+    rest_.remove_prefix(length);
+    return true;
+  }
+
+  bool Symbol(char symbol) {
+    if (rest_.empty() || rest_.front() != symbol) return false;
+    rest_.remove_prefix(1);
+    return true;
+  }
+
+  bool Blanks() {
+    const bool found = !rest_.empty() && rest_.front() == ' ';
+    while (Symbol(' ')) {
+    }
+    return found;
+  }
+
+  bool Word(std::string_view word) {
+    if (!EqualIgnoringCase(rest_.substr(0, word.size()), word)) return false;
+    rest_.remove_prefix(word.size());
+    return true;
+  }
+
+  std::string_view Rest() const { return rest_; }
+
+ private:
+  std::string_view rest_;
+};
+
+int FullYear(int year, std::size_t digits) {
+  if (digits > 2) return year;
+  return year + (year < 30 ? 2000 : 1900);
+}
+
+std::optional<ModelDateTime> SlashDate(DateCursor& in) {
+  int month = 0, day = 0, year = 0;
+  std::size_t digits = 0;
+  if (!in.Number(month, 2) || !in.Symbol('/') || !in.Number(day, 2) || !in.Symbol('/') ||
+      !in.Number(year, 4, &digits)) {
+    return std::nullopt;
+  }
+  return DateSerial(FullYear(year, digits), month, day);
+}
+
+std::optional<ModelDateTime> IsoDate(DateCursor& in) {
+  int month = 0, day = 0, year = 0;
+  std::size_t digits = 0;
+  if (!in.Number(year, 4, &digits) || digits != 4 || !in.Symbol('-') || !in.Number(month, 2) ||
+      !in.Symbol('-') || !in.Number(day, 2)) {
+    return std::nullopt;
+  }
+  return DateSerial(year, month, day);
+}
+
+/// Hour on the 24-hour clock after an "AM" or "PM"; nothing when they do not go together.
+std::optional<int> ClockHour(DateCursor& in, int hour) {
+  in.Blanks();
+  const bool morning = in.Word("AM");
+  const bool evening = !morning && in.Word("PM");
+  if (!morning && !evening) return hour;
+  if (hour < 1 || hour > 12) return std::nullopt;
+  return hour % 12 + (evening ? 12 : 0);
+}
+
+/// Time of day as a fraction of a day; the whole rest of the text.
+std::optional<ModelDateTime> TimeOfDay(DateCursor& in) {
+  int hour = 0, minute = 0, second = 0;
+  if (!in.Number(hour, 2) || !in.Symbol(':') || !in.Number(minute, 2)) return std::nullopt;
+  if (in.Symbol(':') && !in.Number(second, 2)) return std::nullopt;
+  const std::optional<int> clockHour = ClockHour(in, hour);
+  if (!clockHour || !in.AtEnd() || *clockHour > 23 || minute > 59 || second > 59) {
+    return std::nullopt;
+  }
+  return static_cast<double>(*clockHour * 3600 + minute * 60 + second) / kSecondsPerDay;
+}
+
+/// Characters of the mask that make one field at its start: a run of one letter, at most four.
+std::size_t FieldLength(std::string_view mask) {
+  const std::string letter = LowerCase(mask.substr(0, 1));
+  const std::size_t most = letter == "y" ? 4 : 2;
+  std::size_t length = 1;
+  while (length < most && length < mask.size() && LowerCase(mask.substr(length, 1)) == letter) {
+    ++length;
+  }
+  return length;
+}
+
+/// At least two digits of a number, as the date text takes them. A negative one keeps its sign, so
+/// that the text is no date.
+std::string TwoDigits(float number) {
+  const auto whole = static_cast<int>(std::max(number, -99.0F));
+  return whole < 0 ? std::to_string(whole) : fmt::format("{:02}", whole);
+}
+
+std::int16_t FieldOf(const std::string& text, std::size_t start, std::size_t length) {
+  return ToInteger(std::string_view(text).substr(start, length));
+}
+
+/// A whole day that hour 24 puts on top; an hour beyond it is told of and set to 0.
+double TakeDayFromHour(float& hour, Ui& ui) {
+  if (hour == 24) {
+    hour = 0;
+    return 1;
+  }
+  if (hour > 24) {
+    ui.ShowMessage({.Text = "Invalid hour in date: " + NumberText(hour) +
+                            ". Value must range from 00:00 to 23:59\r\n\r\nThe hour has been "
+                            "reset to 00:00.",
+                    .Title = "Error"});
+    hour = 0;
+  }
+  return 0;
+}
+
+void Compose(int year, int month, int day, float& hour, ModelDateTime& dateTime, Ui& ui) {
+  const double extraDay = TakeDayFromHour(hour, ui);
+  const float wholeHours = std::floor(hour);
+  const float minutes = std::nearbyint((hour - wholeHours) * 60);
+  const std::string text =
+      fmt::format("{}/{}/{} {}:{}", month, day, year, TwoDigits(wholeHours), TwoDigits(minutes));
+  // A year of fewer than three digits would be guessed at by the date text: it is refused.
+  const std::optional<ModelDateTime> parsed = year >= 100 ? ParseDate(text) : std::nullopt;
+  if (!parsed) {
+    ui.ShowMessage({.Text = "Unable to interpret date passed to ConvertDateTime routine: " + text,
+                    .Title = "Error"});
+    return;
+  }
+  dateTime = *parsed + extraDay;
+}
+
+}  // namespace
+
+std::optional<ModelDateTime> DateSerial(int year, int month, int day) {
+  if (year < 100 || year > 9999 || month < 1 || day < 1) return std::nullopt;
+  const std::chrono::year_month_day date(std::chrono::year(year),
+                                         std::chrono::month(static_cast<unsigned>(month)),
+                                         std::chrono::day(static_cast<unsigned>(day)));
+  if (!date.ok()) return std::nullopt;
+  return static_cast<double>((std::chrono::sys_days(date) - kDayZero).count());
+}
+
+std::optional<ModelDateTime> ParseDate(std::string_view text) {
+  DateCursor in(text);
+  if (DateCursor alone = in; const std::optional<ModelDateTime> time = TimeOfDay(alone)) {
+    return time;
+  }
+  DateCursor iso = in;
+  std::optional<ModelDateTime> date = IsoDate(iso);
+  if (date) {
+    in = iso;
+  } else {
+    date = SlashDate(in);
+  }
+  if (!date || in.AtEnd()) return date;
+  if (!in.Blanks() && !in.Symbol('T')) return std::nullopt;
+  const std::optional<ModelDateTime> time = TimeOfDay(in);
+  if (!time) return std::nullopt;
+  return *date + *time;
+}
+
+std::string FormatDate(ModelDateTime dateTime, std::string_view mask) {
+  if (!(std::abs(dateTime) < 4e6)) throw RuntimeError(ErrorNumber::Overflow, "not a date");
+  const auto seconds = static_cast<std::int64_t>(std::nearbyint(dateTime * kSecondsPerDay));
+  const auto moment = kDayZero + std::chrono::seconds(seconds);
+  const auto dayStart = std::chrono::floor<std::chrono::days>(moment);
+  const std::chrono::year_month_day date(dayStart);
+  const std::chrono::hh_mm_ss time(moment - dayStart);
+  const auto minutes = time.minutes().count();
+
+  std::string out;
+  for (bool behindHour = false; !mask.empty();) {
+    const std::size_t length = FieldLength(mask);
+    const std::string field = LowerCase(mask.substr(0, length));
+    if (field == "yyyy") {
+      out += fmt::format("{:04}", static_cast<int>(date.year()));
+    } else if (field == "yy") {
+      out += fmt::format("{:02}", static_cast<int>(date.year()) % 100);
+    } else if (field == "mm" && !behindHour) {
+      out += fmt::format("{:02}", static_cast<unsigned>(date.month()));
+    } else if (field == "dd") {
+      out += fmt::format("{:02}", static_cast<unsigned>(date.day()));
+    } else if (field == "hh") {
+      out += fmt::format("{:02}", time.hours().count());
+    } else if (field == "nn" || field == "mm") {
+      out += fmt::format("{:02}", minutes);
+    } else {
+      out += mask.substr(0, length);
+    }
+    if (length == 2) behindHour = field == "hh";
+    mask.remove_prefix(length);
+  }
+  return out;
+}
+
+void ConvertDateTime(std::int16_t& year, std::int16_t& month, std::int16_t& day, float& hour,
+                     ModelDateTime& dateTime, bool breakUp, Ui& ui) {
+  Trap trap(ui, "ConvertDateTime");
+  trap.Run([&] {
+    if (!breakUp) {
+      Compose(year, month, day, hour, dateTime, ui);
+      return;
+    }
+    const std::string text = FormatDate(dateTime, kFileMask);
+    month = FieldOf(text, 0, 2);
+    day = FieldOf(text, 3, 2);
+    year = FieldOf(text, 6, 4);
+    hour =
+        static_cast<float>(FieldOf(text, 11, 2)) + static_cast<float>(FieldOf(text, 14, 2)) / 60.0F;
+  });
+}
+
+}  // namespace lomaris

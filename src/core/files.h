@@ -1,0 +1,89 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace lomaris {
+
+// --- Names. Both "\" and "/" separate; names are UTF-8.
+
+/// The folder of a file name with its last separator; empty when it has none.
+std::string FolderOf(std::string_view fileName);
+
+/// The file name behind the last separator.
+std::string BareName(std::string_view fileName);
+
+/// What stands behind the last point of the bare name; "hnp" of "a.b.hnp", empty for none.
+std::string ExtensionOf(std::string_view fileName);
+
+/// The name with its last three characters replaced by "bak": where a save keeps the previous
+/// version. Error 5 for a name of fewer than three characters.
+std::string BackupName(std::string_view fileName);
+
+/// The path of an existing file, or nothing: the name as it stands, then without regard to case,
+/// part by part. A name that is not absolute is looked up from the current directory, then from
+/// the folder of `besideFile`. A folder is no file.
+std::optional<std::string> FindFile(std::string_view name, std::string_view besideFile = {});
+
+/// The path that a save to `name` writes: the existing file that `FindFile` gives, else the name
+/// with the separators of this platform, in the existing folder that it means.
+std::string TargetPath(std::string_view name, std::string_view besideFile = {});
+
+/// Moves the current directory to the folder of a file; a folder that is not there is left alone.
+void MoveToFolderOf(std::string_view fileName);
+
+// --- Content.
+
+/// All bytes of a file. Throws RuntimeError with the file's name: 53 when it is not there, 70 when
+/// it may not be read, 57 and others when the disk fails.
+std::string ReadWholeFile(const std::string& path);
+
+/// The steps of a safe save, each one system call; tests let any of them fail.
+class Disk {
+ public:
+  virtual ~Disk() = default;
+
+  /// Makes a new file in the folder of `path`, with the permissions of the file at `path` if there
+  /// is one, writes `bytes`, flushes them to the disk and returns its path.
+  virtual std::string WriteBeside(const std::string& path, std::string_view bytes);
+
+  /// Makes `copy` another name of the file `path` (or a copy, where the disk knows no links).
+  virtual void Link(const std::string& path, const std::string& copy);
+
+  /// Renames over what is there.
+  virtual void Rename(const std::string& from, const std::string& to);
+
+  /// Flushes the names of a folder to the disk.
+  virtual void FlushFolder(const std::string& path);
+
+  /// Removes a file that is left over. Never throws.
+  virtual void Remove(const std::string& path) noexcept;
+};
+
+enum class Backup { None, OneGeneration };
+
+/// The one routine that puts files on disk. Writes beside the target, flushes to the disk, keeps
+/// the previous version under `BackupName`, renames over the target. At each moment the target is
+/// either the old file or the new one, whole; the backup likewise. Text that does not fit
+/// Windows-1252 goes out as UTF-8. Throws RuntimeError when a step fails; the target is then the
+/// old file.
+void WriteWholeFile(const std::string& path, std::string text, Backup backup);
+void WriteWholeFile(const std::string& path, std::string text, Backup backup, Disk& disk);
+
+// --- Temporary files.
+
+/// The system's temporary directory with its last separator; empty on failure.
+std::string GetTempDir();
+
+/// A new, empty file in it with a name that begins with `prefix` and ends in "." and `extension`;
+/// empty on failure.
+std::string GetTempFile(std::string_view prefix, std::string_view extension);
+
+/// Prefix of every temporary file of the program.
+inline constexpr std::string_view kTempPrefix = "zq7";
+
+/// Deletes the program's temporary files: all that begin with `kTempPrefix` and have an extension.
+void DeleteTempFiles();
+
+}  // namespace lomaris

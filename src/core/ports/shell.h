@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+namespace lomaris {
+
+/// What the ground floor asks of the desktop.
+class Shell {
+ public:
+  virtual ~Shell() = default;
+
+  /// Opens a document or an address with the desktop's program for it. A result above 32 is
+  /// success; below it, the reason: 2 no such file, 5 access denied, 31 no program ...
+  virtual int Open(const std::string& document) = 0;
+
+  /// Shows a text file in the desktop's word processor. False when it could not be started.
+  virtual bool OpenText(const std::string& fileName) = 0;
+};
+
+}  // namespace lomaris

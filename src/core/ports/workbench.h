@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+namespace lomaris {
+
+/// A file that is to be opened in its editor. The last four fields are for the editor of an
+/// auxiliary file alone.
+struct EditRequest {
+  std::string FileName = {};  ///< empty, with `Kind` set: a new, empty file
+  std::string Kind = {};      ///< type key of a new file, "HNP" to "BMD"
+  int Slot = 0;               ///< file slot of the project window, 0 to 9
+  int Row = 0;                ///< branch number (boundary file) or place in the list (weather file)
+  bool IsUpstream = false;    ///< boundary file: which end of the branch
+  std::string BoundaryType = {};  ///< boundary file: "Q", "H", "T", or empty when not known
+
+  bool operator==(const EditRequest&) const = default;
+};
+
+/// What the ground floor asks of the set of open windows.
+class Workbench {
+ public:
+  virtual ~Workbench() = default;
+
+  /// Whether a file of this type key can be opened: its editor exists.
+  virtual bool OffersEditor(const std::string& kind) const = 0;
+
+  /// Opens a file in its editor, and returns when it is on the screen or was refused.
+  virtual void FileEdit(const EditRequest& request) = 0;
+
+  /// Closes every window but the project window. False: one of them stayed open.
+  virtual bool CloseOtherWindows() = 0;
+
+  /// Brings the project window in line with the project record.
+  virtual void RefreshProjectWindow() = 0;
+};
+
+}  // namespace lomaris

@@ -1,0 +1,101 @@
+#include "core/reader_state.h"
+
+#include <fmt/format.h>
+
+#include "core/encoding.h"
+#include "core/error_report.h"
+#include "core/files.h"
+
+namespace lomaris {
+namespace {
+
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t';
+}
+
+}  // namespace
+
+ReaderState::ReaderState(Ui& ui, const std::string& path)
+    : FileName(path), ui_(ui), text_(TextFromFile(ReadWholeFile(path))) {}
+
+void ReaderState::NextLine() {
+  std::size_t end = text_.find('\n', place_);
+  if (end == std::string::npos) end = text_.size();
+  CurrentLine = std::string_view(text_).substr(place_, end - place_);
+  if (CurrentLine.ends_with('\r')) CurrentLine.remove_suffix(1);
+  place_ = end + 1;
+  ++LineNumber;
+}
+
+std::string_view ReaderState::ReadRawLine() {
+  RequireLine();
+  NextLine();
+  return CurrentLine;
+}
+
+void ReaderState::RequireLine() const {
+  if (AtEnd()) {
+    throw RuntimeError(ErrorNumber::InputPastEnd, "the file ends before all that it announces");
+  }
+}
+
+std::int32_t ReaderState::Plausible(std::int32_t count, std::size_t shortest) const {
+  if (count < 0) {
+    throw RuntimeError(ErrorNumber::SubscriptOutOfRange,
+                       fmt::format("{} is not a possible count", count));
+  }
+  const std::size_t rest = AtEnd() ? 0 : text_.size() - place_;
+  if (static_cast<std::size_t>(count) > rest / shortest + 1) {
+    throw RuntimeError(ErrorNumber::InputPastEnd,
+                       fmt::format("the file is too short to hold {} of them", count));
+  }
+  return count;
+}
+
+ReaderState::Fields ReaderState::SplitAtTabs() const {
+  Fields fields;
+  fields.Count = SplitFields(
+      CurrentLine, '\t', kMostFields, kMostFields, ui_,
+      [&](std::size_t place, std::string_view field, bool) { fields.Text[place] = field; });
+  return fields;
+}
+
+/// The fields that `CollapseWhitespace` and `BreakApart` would give, found in place: value rows
+/// make up most of every file.
+ReaderState::Fields ReaderState::SplitAtBlanks() const {
+  Fields fields;
+  const char* c = CurrentLine.data();
+  const char* const end = c + CurrentLine.size();
+  for (;;) {
+    while (c != end && IsBlank(*c)) ++c;
+    if (c == end) break;
+    const char* const start = c;
+    while (c != end && !IsBlank(*c)) ++c;
+    if (fields.Count == kMostFields) {
+      std::string collapsed(CurrentLine);
+      const std::string_view line = CollapseWhitespace(collapsed);
+      SplitFields(line, '\t', kMostFields, kMostFields, ui_,
+                  [](std::size_t, std::string_view, bool) {});
+    }
+    fields.Text[fields.Count++] = {start, static_cast<std::size_t>(c - start)};
+  }
+  if (fields.Count > 0) {
+    std::string_view& last = fields.Text[fields.Count - 1];
+    last = LastField(last);
+  }
+  return fields;
+}
+
+Answer ReaderState::ReportField() {
+  const std::string routine = fmt::format("ReadLine; error occurred on line {} of file:\r\n\r\n{}",
+                                          LineNumber, CurrentLine);
+  return ReportError(ui_, CurrentRuntimeError(), routine, "Module", "modCommon");
+}
+
+bool IsTrue(std::string_view field) {
+  if (!field.empty() && field.front() == '1' && field.size() == 1) return true;
+  const std::string upper = UpperCase(Trim(field));
+  return upper == ".TRUE." || upper == "TRUE" || NumericValue(field) == 1;
+}
+
+}  // namespace lomaris

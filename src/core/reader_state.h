@@ -1,0 +1,149 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "core/numbers.h"
+#include "core/ports/ui.h"
+#include "core/program.h"
+#include "core/text.h"
+
+namespace lomaris {
+
+/// The open file of a reader: its whole content in memory, and a cursor that goes from line to
+/// line. Lines end in CR LF, LF, or with the file.
+class ReaderState {
+ public:
+  /// Reads the file. Throws RuntimeError when that cannot be done.
+  ReaderState(Ui& ui, const std::string& path);
+  ReaderState(const ReaderState&) = delete;
+  ReaderState& operator=(const ReaderState&) = delete;
+
+  std::string FileName;
+
+  /// 1 when the file is opened, and one more after each line read: what a message calls line 4 is
+  /// the third line of the file. Support and the model's users count so.
+  std::int32_t LineNumber = 1;
+
+  /// The last line read, as it stands in the file.
+  std::string_view CurrentLine;
+
+  bool AtEnd() const { return place_ >= text_.size(); }
+
+  /// Reads one line into the variables, each taking the field of its own place.
+  ///
+  /// One text alone takes the whole line, trimmed. Where a text is among several variables only
+  /// tabs separate the fields; else any mix of blanks and tabs does. A text is taken without tabs
+  /// and blanks at its ends, a logical is true for the number 1 and for ".TRUE." and "TRUE" in any
+  /// case, a number is read strictly (".TRUE." and ".FALSE." are 1 and 0). Fields beyond the last
+  /// variable are passed over.
+  ///
+  /// At the end of the file nothing happens. More than 40 fields are error 9. A field that cannot
+  /// be converted is reported with its line: Abort leaves the routine, Retry tries again, Ignore
+  /// goes on with the next variable.
+  template <class... Variables>
+  void ReadLine(Variables&... variables);
+
+  /// `ReadLine` for a line that a count in the file has promised: error 62 at the end of the file.
+  template <class... Variables>
+  void ReadCountedLine(Variables&... variables) {
+    RequireLine();
+    ReadLine(variables...);
+  }
+
+  /// The next line as it stands. Error 62 at the end of the file.
+  std::string_view ReadRawLine();
+
+  /// Error 62 when no line is left.
+  void RequireLine() const;
+
+  /// `count` as a size, when the rest of the file could hold so many items of at least
+  /// `shortest` bytes each. Error 9 for a negative count, 62 for one that the file cannot hold.
+  std::int32_t Plausible(std::int32_t count, std::size_t shortest) const;
+
+ private:
+  static constexpr std::size_t kMostFields = 40;
+
+  struct Fields {
+    std::array<std::string_view, kMostFields> Text;
+    std::size_t Count = 0;
+
+    std::string_view operator[](std::size_t place) const {
+      return place < Count ? Text[place] : std::string_view();
+    }
+  };
+
+  void NextLine();
+  Fields SplitAtTabs() const;
+  Fields SplitAtBlanks() const;
+
+  template <class Variable>
+  bool Take(std::string_view field, Variable& variable);
+
+  /// Shows the report of a field that could not be converted.
+  Answer ReportField();
+
+  Ui& ui_;
+  std::string text_;
+  std::size_t place_ = 0;
+};
+
+/// True for the number 1, and for ".TRUE." and "TRUE" in any case.
+bool IsTrue(std::string_view field);
+
+// ---------------------------------------------------------------------------------------------
+
+/// Assigns a field by the variable's type.
+template <class Variable>
+void Assign(std::string_view field, Variable& variable) {
+  if constexpr (std::is_same_v<Variable, std::string>) {
+    variable = TrimField(field);
+  } else if constexpr (std::is_same_v<Variable, bool>) {
+    variable = IsTrue(field);
+  } else if (field == ".TRUE.") {
+    variable = 1;
+  } else if (field == ".FALSE.") {
+    variable = 0;
+  } else {
+    variable = ToNumber<Variable>(field);
+  }
+}
+
+template <class... Variables>
+void ReaderState::ReadLine(Variables&... variables) {
+  static_assert(sizeof...(Variables) >= 1 && sizeof...(Variables) <= kMostFields);
+  if (AtEnd()) return;
+  NextLine();
+  constexpr bool hasText = (std::is_same_v<Variables, std::string> || ...);
+  if constexpr (hasText && sizeof...(Variables) == 1) {
+    ((variables = Trim(CurrentLine)), ...);
+  } else {
+    const Fields fields = hasText ? SplitAtTabs() : SplitAtBlanks();
+    std::size_t place = 0;
+    (Take(fields[place++], variables) && ...);
+  }
+}
+
+/// False: the reader's routine is to be left.
+template <class Variable>
+bool ReaderState::Take(std::string_view field, Variable& variable) {
+  if constexpr (DebugMode) {
+    Assign(field, variable);
+    return true;
+  }
+  for (;;) {
+    try {
+      Assign(field, variable);
+      return true;
+    } catch (const RuntimeError&) {
+      const Answer answer = ReportField();
+      if (answer != Answer::Retry) return answer == Answer::Ignore;
+    }
+  }
+}
+
+}  // namespace lomaris
