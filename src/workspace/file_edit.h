@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/ports/ui.h"
+#include "core/ports/workbench.h"
+#include "model/hydro_input.h"
+#include "model/project_data.h"
+
+namespace lomaris {
+
+/// True for the types of file that are tied to the network: they are edited only while a
+/// hydrodynamic file is loaded.
+bool NeedsNetwork(std::string_view kind);
+
+/// What is to be done before a file is opened in its editor. A name may carry a remark in brackets,
+/// which is cut off; its last three characters are its type. A type that needs the network has the
+/// project's hydrodynamic file loaded into `hydro`, if none is there yet.
+/// Returns the request with name and type set; nothing when there is nothing to open or the network
+/// cannot be loaded (which has been told by then).
+std::optional<EditRequest> PrepareFileEdit(EditRequest request, HydroInput& hydro,
+                                           ProjectData& project, Ui& ui);
+
+}  // namespace lomaris

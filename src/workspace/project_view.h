@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workspace/project_form.h"
+
+namespace lomaris {
+
+/// What the logic of the project window asks of the window.
+class ProjectView {
+ public:
+  virtual ~ProjectView() = default;
+
+  /// What stands in the controls now.
+  virtual ProjectForm Form() const = 0;
+
+  /// Fills the controls. With no project open the tabs give way to the wallpaper, and only what
+  /// needs no project is offered.
+  virtual void ShowForm(const ProjectForm& form, bool projectOpen) = 0;
+
+  virtual std::string Caption() const = 0;
+  virtual void SetCaption(const std::string& caption) = 0;
+
+  /// Shows the recent projects, the latest first.
+  virtual void ShowRecent(const std::vector<std::string>& names) = 0;
+};
+
+}  // namespace lomaris

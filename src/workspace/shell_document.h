@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "core/ports/shell.h"
+#include "core/ports/ui.h"
+
+namespace lomaris {
+
+/// Opens a document or an address with the desktop's program for it; a failure is told.
+void ShellDocument(const std::string& path, Shell& shell, Ui& ui);
+
+}  // namespace lomaris
