@@ -1,0 +1,87 @@
+# Which room may include which: all rooms share one include root, so the compiler would let any
+# header through. Prints each forbidden include with its place and fails when there is one.
+#
+#   cmake -D SOURCES=<folder of the rooms> -P include_check.cmake
+
+cmake_minimum_required(VERSION 3.25)
+
+# The ground floor, with what each room may include besides itself.
+set(rooms core model auxiliary import spreadsheet run editors workspace)
+set(core_may "")
+set(model_may core)
+set(auxiliary_may core model)
+set(import_may core model auxiliary)
+set(spreadsheet_may core)
+set(run_may core model)
+set(editors_may core model auxiliary import spreadsheet run)
+set(workspace_may ${rooms})
+
+# The upper floor: every room windows/X has the whole ground floor and these.
+set(upper_may windows/core windows/spreadsheet)
+
+# The room that a path below the sources names: "core", "windows/core"; empty for none.
+function(room_of path out)
+  set(room "")
+  if(path MATCHES "^(windows/[^/]+|[^/]+)/")
+    set(room "${CMAKE_MATCH_1}")
+  endif()
+  set(${out} "${room}" PARENT_SCOPE)
+endfunction()
+
+# What is wrong with a file of `room` naming `path` between `mark` (a quote or "<"); empty: nothing.
+function(complaint_about room mark path out)
+  set(complaint "")
+  room_of("${path}" target)
+  if(room MATCHES "^windows/")
+    set(may ${rooms} ${upper_may})
+  else()
+    set(may ${${room}_may})
+    if(path MATCHES "^(Q[A-Z]|Qt|qcustomplot)")
+      set(complaint "the ground floor does not know the toolkit")
+    endif()
+  endif()
+  list(APPEND may ${room})
+  if(NOT complaint AND (target IN_LIST rooms OR target MATCHES "^windows/"))
+    if(NOT target IN_LIST may)
+      set(complaint "${room} may not include ${target}")
+    endif()
+  elseif(NOT complaint AND mark STREQUAL "\"")
+    if(NOT (room MATCHES "^windows/" AND path MATCHES "^ui_[^/]+\\.h$|\\.moc$"))
+      set(complaint "names no room that is known here")
+    endif()
+  endif()
+  set(${out} "${complaint}" PARENT_SCOPE)
+endfunction()
+
+set(findings 0)
+macro(report place complaint)
+  message(NOTICE "${place}: ${complaint}")
+  math(EXPR findings "${findings} + 1")
+endmacro()
+
+file(GLOB_RECURSE files RELATIVE ${SOURCES} ${SOURCES}/*.h ${SOURCES}/*.cpp)
+foreach(file IN LISTS files)
+  room_of("${file}" room)
+  if(NOT room IN_LIST rooms AND NOT room MATCHES "^windows/")
+    report("${file}" "stands in no room that is known here")
+    continue()
+  endif()
+  file(STRINGS ${SOURCES}/${file} lines REGEX "^[ \t]*#[ \t]*include")
+  foreach(line IN LISTS lines)
+    if(NOT line MATCHES "include[ \t]*([\"<])([^\">]+)[\">]")
+      report("${file}" "an include that cannot be read: ${line}")
+      continue()
+    endif()
+    set(path "${CMAKE_MATCH_2}")
+    complaint_about("${room}" "${CMAKE_MATCH_1}" "${path}" complaint)
+    if(complaint)
+      report("${file}" "${path}: ${complaint}")
+    endif()
+  endforeach()
+endforeach()
+
+if(NOT files)
+  message(FATAL_ERROR "no sources in ${SOURCES}")
+elseif(findings)
+  message(FATAL_ERROR "forbidden includes: ${findings}")
+endif()
