@@ -15,6 +15,8 @@ namespace {
 
 constexpr std::chrono::sys_days kDayZero =
     std::chrono::year(1899) / std::chrono::December / std::chrono::day(30);
+constexpr int kFirstYear = 100;
+constexpr int kLastYear = 9999;
 constexpr std::int64_t kSecondsPerDay = 86400;
 constexpr std::string_view kFileMask = "mm/dd/yyyy Hh:Nn";
 
@@ -107,6 +109,10 @@ std::optional<ModelDateTime> TimeOfDay(DateCursor& in) {
   return static_cast<double>(*clockHour * 3600 + minute * 60 + second) / kSecondsPerDay;
 }
 
+RuntimeError NotADate(ModelDateTime dateTime) {
+  return RuntimeError(ErrorNumber::Overflow, fmt::format("{} is not a date", dateTime));
+}
+
 /// Characters of the mask that make one field at its start: a run of one letter, at most four.
 std::size_t FieldLength(std::string_view mask) {
   const std::string letter = LowerCase(mask.substr(0, 1));
@@ -152,7 +158,7 @@ void Compose(int year, int month, int day, float& hour, ModelDateTime& dateTime,
   const std::string text =
       fmt::format("{}/{}/{} {}:{}", month, day, year, TwoDigits(wholeHours), TwoDigits(minutes));
   // A year of fewer than three digits would be guessed at by the date text: it is refused.
-  const std::optional<ModelDateTime> parsed = year >= 100 ? ParseDate(text) : std::nullopt;
+  const std::optional<ModelDateTime> parsed = year >= kFirstYear ? ParseDate(text) : std::nullopt;
   if (!parsed) {
     ui.ShowMessage({.Text = "Unable to interpret date passed to ConvertDateTime routine: " + text,
                     .Title = "Error"});
@@ -164,7 +170,7 @@ void Compose(int year, int month, int day, float& hour, ModelDateTime& dateTime,
 }  // namespace
 
 std::optional<ModelDateTime> DateSerial(int year, int month, int day) {
-  if (year < 100 || year > 9999 || month < 1 || day < 1) return std::nullopt;
+  if (year < kFirstYear || year > kLastYear || month < 1 || day < 1) return std::nullopt;
   const std::chrono::year_month_day date(std::chrono::year(year),
                                          std::chrono::month(static_cast<unsigned>(month)),
                                          std::chrono::day(static_cast<unsigned>(day)));
@@ -192,11 +198,13 @@ std::optional<ModelDateTime> ParseDate(std::string_view text) {
 }
 
 std::string FormatDate(ModelDateTime dateTime, std::string_view mask) {
-  if (!(std::abs(dateTime) < 4e6)) throw RuntimeError(ErrorNumber::Overflow, "not a date");
+  if (!(std::abs(dateTime) < 4e6)) throw NotADate(dateTime);
   const auto seconds = static_cast<std::int64_t>(std::nearbyint(dateTime * kSecondsPerDay));
   const auto moment = kDayZero + std::chrono::seconds(seconds);
   const auto dayStart = std::chrono::floor<std::chrono::days>(moment);
   const std::chrono::year_month_day date(dayStart);
+  const auto year = static_cast<int>(date.year());
+  if (year < kFirstYear || year > kLastYear) throw NotADate(dateTime);
   const std::chrono::hh_mm_ss time(moment - dayStart);
   const auto minutes = time.minutes().count();
 
@@ -205,9 +213,9 @@ std::string FormatDate(ModelDateTime dateTime, std::string_view mask) {
     const std::size_t length = FieldLength(mask);
     const std::string field = LowerCase(mask.substr(0, length));
     if (field == "yyyy") {
-      out += fmt::format("{:04}", static_cast<int>(date.year()));
+      out += fmt::format("{:04}", year);
     } else if (field == "yy") {
-      out += fmt::format("{:02}", static_cast<int>(date.year()) % 100);
+      out += fmt::format("{:02}", year % 100);
     } else if (field == "mm" && !behindHour) {
       out += fmt::format("{:02}", static_cast<unsigned>(date.month()));
     } else if (field == "dd") {
@@ -237,8 +245,7 @@ void ConvertDateTime(std::int16_t& year, std::int16_t& month, std::int16_t& day,
     month = FieldOf(text, 0, 2);
     day = FieldOf(text, 3, 2);
     year = FieldOf(text, 6, 4);
-    hour =
-        static_cast<float>(FieldOf(text, 11, 2)) + static_cast<float>(FieldOf(text, 14, 2)) / 60.0F;
+    hour = static_cast<float>(FieldOf(text, 11, 2) + FieldOf(text, 14, 2) / 60.0);
   });
 }
 

@@ -23,7 +23,7 @@ std::optional<ModelDateTime> ParseDate(std::string_view text);
 
 /// A date-time by a mask of "yyyy", "yy", "mm", "dd", "hh" and "nn" in any case, each with leading
 /// zeros; an "mm" behind the hour is minutes; other characters stand for themselves. The time is
-/// taken to the nearest second, then cut at the minute.
+/// taken to the nearest second, then cut at the minute. Error 6 outside the years 100 to 9999.
 std::string FormatDate(ModelDateTime dateTime, std::string_view mask);
 
 /// Between a date-time and the four fields of a file. `breakUp` true: `year`, `month`, `day` and

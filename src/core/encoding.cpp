@@ -66,6 +66,15 @@ std::optional<std::string> AsWindows1252(std::string_view text) {
   return bytes;
 }
 
+std::string WithoutByteOrderMarks(std::string text) {
+  std::size_t start = 0;
+  while (text.compare(start, kByteOrderMark.size(), kByteOrderMark) == 0) {
+    start += kByteOrderMark.size();
+  }
+  text.erase(0, start);
+  return text;
+}
+
 }  // namespace
 
 char32_t NextCodePoint(std::string_view text, std::size_t& place) {
@@ -76,7 +85,7 @@ char32_t NextCodePoint(std::string_view text, std::size_t& place) {
   if (length == 0 || start + length > text.size()) return kInvalid;
   char32_t codePoint = byteAt(start) & (0x7Fu >> length);
   for (std::size_t i = start + 1; i < start + length; ++i) {
-    if ((byteAt(i) & 0xC0u) != 0x80u) return kInvalid;
+    if (!IsInsideCharacter(text[i])) return kInvalid;
     codePoint = (codePoint << 6) | (byteAt(i) & 0x3Fu);
   }
   if (!IsScalarValue(codePoint, length)) return kInvalid;
@@ -107,12 +116,7 @@ void AppendCodePoint(std::string& out, char32_t codePoint) {
 
 std::string TextFromFile(std::string bytes) {
   if (IsAscii(bytes)) return bytes;
-  if (IsUtf8(bytes)) {
-    if (bytes.compare(0, kByteOrderMark.size(), kByteOrderMark) == 0) {
-      bytes.erase(0, kByteOrderMark.size());
-    }
-    return bytes;
-  }
+  if (IsUtf8(bytes)) return WithoutByteOrderMarks(std::move(bytes));
   std::string text;
   text.reserve(bytes.size() + bytes.size() / 8);
   for (const char c : bytes) {
@@ -124,6 +128,7 @@ std::string TextFromFile(std::string bytes) {
 
 std::string FileFromText(std::string text) {
   if (IsAscii(text)) return text;
+  text = WithoutByteOrderMarks(std::move(text));
   std::optional<std::string> bytes = AsWindows1252(text);
   if (!bytes || IsUtf8(*bytes)) return text;
   return *std::move(bytes);

@@ -22,6 +22,7 @@ namespace {
 
 constexpr std::string_view kSeparators = "\\/";
 constexpr std::size_t kLongestTempPath = 512;
+constexpr off_t kLargestFile = off_t{1} << 30;
 
 /// An open file descriptor that closes itself.
 class OpenFile {
@@ -109,10 +110,24 @@ mode_t ModeFor(const std::string& path) {
   return 0666 & ~mask;
 }
 
-void CheckReplaceable(const std::string& path) {
-  if (::access(path.c_str(), F_OK) == 0 && ::access(path.c_str(), W_OK) != 0) {
-    throw FileError(errno, path);
+/// What the system calls would silently cut at the zero byte.
+void CheckName(const std::string& path) {
+  if (path.find('\0') != std::string::npos) {
+    throw RuntimeError(ErrorNumber::PathFileAccess, "a zero byte stands in the name of the file");
   }
+}
+
+void CheckPlainFile(const struct stat& status, const std::string& path) {
+  if (!S_ISREG(status.st_mode)) {
+    throw RuntimeError(ErrorNumber::PathFileAccess, path + " is not a plain file");
+  }
+}
+
+void CheckReplaceable(const std::string& path) {
+  struct stat status = {};
+  if (::stat(path.c_str(), &status) != 0) return;
+  CheckPlainFile(status, path);
+  if (::access(path.c_str(), W_OK) != 0) throw FileError(errno, path);
 }
 
 /// Removes the file that a failed save leaves beside its target.
@@ -166,11 +181,18 @@ std::string ExtensionOf(std::string_view fileName) {
 }
 
 std::string BackupName(std::string_view fileName) {
-  if (fileName.size() < 3) {
-    throw RuntimeError(ErrorNumber::InvalidCall,
-                       "\"" + std::string(fileName) + "\" is too short for a file name");
+  const std::size_t nameStart = BareNameStart(fileName);
+  std::size_t cut = fileName.size();
+  for (int character = 0; character < 3; ++character) {
+    if (cut == nameStart) {
+      throw RuntimeError(ErrorNumber::InvalidCall,
+                         "\"" + std::string(fileName) + "\" is too short for a file name");
+    }
+    do {
+      --cut;
+    } while (cut > nameStart && IsInsideCharacter(fileName[cut]));
   }
-  return std::string(fileName.substr(0, fileName.size() - 3)) + "bak";
+  return std::string(fileName.substr(0, cut)) + "bak";
 }
 
 std::optional<std::string> FindFile(std::string_view name, std::string_view besideFile) {
@@ -197,11 +219,14 @@ void MoveToFolderOf(std::string_view fileName) {
 }
 
 std::string ReadWholeFile(const std::string& path) {
-  const OpenFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  CheckName(path);
+  // A pipe must not keep the program waiting for its other end.
+  const OpenFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat status = {};
   if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0) throw FileError(errno, path);
-  if (!S_ISREG(status.st_mode)) {
-    throw RuntimeError(ErrorNumber::PathFileAccess, path + " is not a plain file");
+  CheckPlainFile(status, path);
+  if (status.st_size > kLargestFile) {
+    throw RuntimeError(ErrorNumber::OutOfMemory, path + " is larger than 1 GB");
   }
   std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
   std::size_t size = 0;
@@ -237,6 +262,8 @@ void Disk::Link(const std::string& path, const std::string& copy) {
   std::error_code failed;
   fs::copy_file(path, copy, failed);
   if (failed) throw FileError(failed.value(), copy);
+  const OpenFile file(::open(copy.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!file.IsOpen() || ::fsync(file.Get()) != 0) throw FileError(errno, copy);
 }
 
 void Disk::Rename(const std::string& from, const std::string& to) {
@@ -261,6 +288,7 @@ void WriteWholeFile(const std::string& path, std::string text, Backup backup) {
 }
 
 void WriteWholeFile(const std::string& path, std::string text, Backup backup, Disk& disk) {
+  CheckName(path);
   if (backup == Backup::OneGeneration) BackupName(path);  // refuses a name that is too short
   std::error_code notThere;
   const fs::path real = fs::canonical(path, notThere);  // a link keeps pointing to its file
@@ -295,8 +323,8 @@ void DeleteTempFiles() {
        entry.increment(failed)) {
     const std::string name = entry->path().filename().string();
     std::error_code notOurs;
-    if (name.starts_with(kTempPrefix) && name.find('.') != std::string::npos &&
-        entry->is_regular_file(notOurs)) {
+    if (EqualIgnoringCase(name.substr(0, kTempPrefix.size()), kTempPrefix) &&
+        name.find('.') != std::string::npos && entry->is_regular_file(notOurs)) {
       fs::remove(entry->path(), notOurs);
     }
   }

@@ -36,7 +36,8 @@ void MoveToFolderOf(std::string_view fileName);
 // --- Content.
 
 /// All bytes of a file. Throws RuntimeError with the file's name: 53 when it is not there, 70 when
-/// it may not be read, 57 and others when the disk fails.
+/// it may not be read, 75 when it is a folder or a device, 7 when it is larger than 1 GB, 57 and
+/// others when the disk fails.
 std::string ReadWholeFile(const std::string& path);
 
 /// The steps of a safe save, each one system call; tests let any of them fail.
@@ -83,7 +84,8 @@ std::string GetTempFile(std::string_view prefix, std::string_view extension);
 /// Prefix of every temporary file of the program.
 inline constexpr std::string_view kTempPrefix = "zq7";
 
-/// Deletes the program's temporary files: all that begin with `kTempPrefix` and have an extension.
+/// Deletes the program's temporary files: all that begin with `kTempPrefix`, in any case, and have
+/// an extension.
 void DeleteTempFiles();
 
 }  // namespace lomaris

@@ -8,8 +8,12 @@
 #include <system_error>
 #include <type_traits>
 
+#include "core/text.h"
+
 namespace lomaris {
 namespace {
+
+constexpr std::size_t kShownBytes = 40;
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
@@ -22,15 +26,12 @@ std::string_view TrimBlanks(std::string_view text) {
 }
 
 RuntimeError NotANumber(std::string_view text) {
-  constexpr std::size_t kShown = 40;
-  std::string detail = "\"" + std::string(text.substr(0, kShown));
-  detail += text.size() > kShown ? "...\" is not a number" : "\" is not a number";
-  return RuntimeError(ErrorNumber::TypeMismatch, detail);
+  return RuntimeError(ErrorNumber::TypeMismatch,
+                      "\"" + Shown(text, kShownBytes) + "\" is not a number");
 }
 
 RuntimeError TooLarge(std::string_view text) {
-  return RuntimeError(ErrorNumber::Overflow,
-                      "\"" + std::string(text.substr(0, 40)) + "\" is too large");
+  return RuntimeError(ErrorNumber::Overflow, "\"" + Shown(text, kShownBytes) + "\" is too large");
 }
 
 /// A number at the start of a text: its value, and how many characters it takes (0: no number).
@@ -42,13 +43,20 @@ struct Scanned {
 };
 
 /// What `std::from_chars` calls out of range is either too large or so small that it is 0: the
-/// sign of the exponent tells, and where there is none, whether a digit stands before the point.
-bool IsTiny(std::string_view digits) {
-  const std::size_t exponent = digits.find_first_of("eE");
-  if (exponent != std::string_view::npos && exponent + 1 < digits.size()) {
-    return digits[exponent + 1] == '-';
-  }
-  return digits.substr(0, digits.find('.')).find_first_not_of('0') == std::string_view::npos;
+/// power of ten of its first digit tells.
+bool IsTiny(std::string_view number) {
+  const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view digits = number.substr(0, mark);
+  const std::size_t first = digits.find_first_of("123456789");
+  if (first == std::string_view::npos) return true;
+  std::string_view exponentText = number.substr(std::min(mark + 1, number.size()));
+  if (exponentText.starts_with('+')) exponentText.remove_prefix(1);
+  std::int32_t exponent = 0;
+  const std::errc error =
+      std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent).ec;
+  if (error == std::errc::result_out_of_range) return exponentText.front() == '-';
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  return static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first) + exponent <= 0;
 }
 
 template <class T>

@@ -12,7 +12,7 @@ namespace lomaris {
 void PutProfileString(const std::string& file, const std::string& section, const std::string& key,
                       const std::string& value, const std::string& oldValue) {
   if (value == oldValue) return;
-  CSimpleIniCaseA profile;
+  CSimpleIniA profile;  // readers of a profile ignore the case of its names
   profile.SetSpaces(false);
   const std::string path = TargetPath(file);
   if (FindFile(path)) {

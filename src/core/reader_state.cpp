@@ -88,13 +88,13 @@ ReaderState::Fields ReaderState::SplitAtBlanks() const {
 
 Answer ReaderState::ReportField() {
   const std::string routine = fmt::format("ReadLine; error occurred on line {} of file:\r\n\r\n{}",
-                                          LineNumber, CurrentLine);
+                                          LineNumber, Shown(CurrentLine));
   return ReportError(ui_, CurrentRuntimeError(), routine, "Module", "modCommon");
 }
 
 bool IsTrue(std::string_view field) {
   if (!field.empty() && field.front() == '1' && field.size() == 1) return true;
-  const std::string upper = UpperCase(Trim(field));
+  const std::string upper = UpperCase(field);
   return upper == ".TRUE." || upper == "TRUE" || NumericValue(field) == 1;
 }
 

@@ -113,6 +113,12 @@ std::string JoinLines(std::string_view text) {
   return line;
 }
 
+std::string Shown(std::string_view text, std::size_t most) {
+  if (text.size() <= most) return std::string(text);
+  while (most > 0 && IsInsideCharacter(text[most])) --most;
+  return std::string(text.substr(0, most)) + "...";
+}
+
 std::string_view LastField(std::string_view field) {
   const std::string_view trimmed = Trim(field);
   if (!trimmed.empty() && trimmed.front() == '.') {
@@ -126,7 +132,7 @@ std::string_view LastField(std::string_view field) {
 void ThrowArrayBoundsExceeded(std::string_view text, std::int64_t upperBound, Ui& ui) {
   ui.ShowMessage({.Text = fmt::format("Array bounds exceeded in BreakApart:\r\n\r\nInput string: "
                                       "{}\r\nMaximum array size: {}",
-                                      text, upperBound)});
+                                      Shown(text), upperBound)});
   throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/bounded_array.h"
+#include "core/error_report.h"
 #include "core/numbers.h"
 #include "core/ports/ui.h"
 
@@ -59,6 +60,10 @@ T Min(T a, T b) {
   return b < a ? b : a;
 }
 
+/// The text as a message shows it: a longer one is cut behind `most` bytes, at a whole character,
+/// so that a damaged file makes no box of megabytes.
+std::string Shown(std::string_view text, std::size_t most = 2000);
+
 /// Splits `text`, its trailing delimiters removed, at each `delimiter` into at most `capacity`
 /// pieces, and hands each to `store(place from 0, piece, whether it is the last)`. There is no
 /// quoting; two delimiters in a row make an empty field, and an empty text makes one.
@@ -75,8 +80,9 @@ std::string_view LastField(std::string_view field);
 
 /// `SplitFields` into an array of texts, numbers or logicals, from its lower bound on; what lies
 /// beyond the last field stays as it is. `text` loses its trailing delimiters. `count` receives the
-/// number of fields, 0 on error 9. A field that is no number is error 13; a logical is true when
-/// its number is not 0.
+/// number of fields, 0 on error 9. A logical is true when its number is not 0. A field that is no
+/// number is reported: Abort leaves the routine with the fields before it, Retry tries again,
+/// Ignore leaves that element as it was and goes on with the next field.
 template <class T>
 void BreakApart(std::string& text, BoundedArray<T>& fields, int& count, char delimiter, Ui& ui);
 
@@ -106,22 +112,34 @@ std::size_t SplitFields(std::string_view text, char delimiter, std::size_t capac
   return count + 1;
 }
 
+/// `ToNumber` for an element of an array; a text stays as it is.
+template <class T>
+T ToElement(std::string_view field) {
+  if constexpr (std::is_same_v<T, std::string>) {
+    return std::string(field);
+  } else if constexpr (std::is_same_v<T, bool>) {
+    return ToDouble(field) != 0;
+  } else {
+    return ToNumber<T>(field);
+  }
+}
+
 template <class T>
 void BreakApart(std::string& text, BoundedArray<T>& fields, int& count, char delimiter, Ui& ui) {
   count = 0;
   text.resize(WithoutTrailing(text, delimiter).size());
+  Trap trap(ui, "BreakApart");
+  int stored = 0;
+  bool left = false;
   const auto store = [&](std::size_t place, std::string_view field, bool) {
-    auto&& element = fields[fields.LowerBound() + static_cast<std::int64_t>(place)];
-    if constexpr (std::is_same_v<T, std::string>) {
-      element = field;
-    } else if constexpr (std::is_same_v<T, bool>) {
-      element = ToDouble(field) != 0;
-    } else {
-      element = ToNumber<T>(field);
-    }
+    if (left) return;
+    const std::int64_t index = fields.LowerBound() + static_cast<std::int64_t>(place);
+    left = trap.Run([&] { fields[index] = ToElement<T>(field); }) == StepEnd::Left;
+    if (!left) ++stored;
   };
-  count = static_cast<int>(SplitFields(text, delimiter, static_cast<std::size_t>(fields.Count()),
-                                       fields.UpperBound(), ui, store));
+  SplitFields(text, delimiter, static_cast<std::size_t>(fields.Count()), fields.UpperBound(), ui,
+              store);
+  count = stored;
 }
 
 }  // namespace lomaris
