@@ -1,10 +1,13 @@
 #include "workspace/project_desk.h"
 
+#include <fmt/format.h>
+
 #include "core/error_report.h"
 #include "core/files.h"
 #include "core/save_file.h"
 #include "core/text.h"
 #include "import/browse_file.h"
+#include "model/hnp_file.h"
 #include "model/prj_file.h"
 #include "workspace/global_replace.h"
 #include "workspace/shell_document.h"
@@ -206,6 +209,24 @@ void ProjectDesk::RunOtherFile(std::size_t row) {
     if (row >= form.OtherFiles.size()) return;
     ShellDocument(form.OtherFiles[row], around_.Desktop, around_.Screen);
   });
+}
+
+std::string ProjectDesk::LoadNetwork() {
+  std::string text = "There is no network to draw: the project names no hydrodynamic input file.";
+  Run("SSTabMain_Click", [&] {
+    SaveForm();
+    HydroInput& hydro = around_.Hydro;
+    const std::string& name = around_.Project.HydroFile;
+    if (NormaliseFileName(name, true) == kNotSpecified) return;
+    // Changes that wait in the editor are not read over.
+    if (!hydro.Dirty && !LoadHNPFile(hydro, around_.Project, around_.Screen, name)) {
+      text = "The network could not be read from " + name + ".";
+    } else {
+      text = fmt::format("{}: {} branches, {} cross sections.\nThe network is not drawn yet.",
+                         hydro.FileName, hydro.BranchCount, hydro.XSectCount);
+    }
+  });
+  return text;
 }
 
 void ProjectDesk::OpenWebSite() {

@@ -82,6 +82,9 @@ class ProjectDesk {
   void CloseOtherFile(std::size_t row);
   void RunOtherFile(std::size_t row);
 
+  /// Reads the network that the project names, for the diagram. The text says what there is to see.
+  std::string LoadNetwork();
+
   void OpenWebSite();
   void MailTechSupport();
 

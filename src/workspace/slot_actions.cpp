@@ -236,8 +236,8 @@ void ProjectDesk::OpenOutputFile(std::size_t index) {
 }
 
 /// The output lies beside the input under its name with "out" in place of the type. The replacement
-/// works on the whole path, so a directory whose name holds those letters changes too: installations
-/// keep their results in such a directory.
+/// works on the whole path, so a directory whose name holds those letters changes too:
+/// installations keep their results in such a directory.
 void ProjectDesk::ShowOutput(std::string path, std::string_view kind) {
   path = ReplaceAll(UpperCase(path), kind, "out");
   const std::optional<std::string> found = FindFile(path, around_.Project.FileName);

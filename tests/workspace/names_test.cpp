@@ -1,0 +1,132 @@
+// Recent projects, global replace, and what FileEdit makes of a name.
+
+#include <gmock/gmock.h>
+
+#include "desk_fixture.h"
+#include "workspace/file_edit.h"
+#include "workspace/global_replace.h"
+#include "workspace/shell_document.h"
+
+namespace lomaris {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(RecentFiles, KeepsEightWithTheLatestFirst) {
+  RecentFiles recent;
+  for (int i = 1; i <= 9; ++i) recent.AddToMRU("p" + std::to_string(i) + ".prj");
+  EXPECT_THAT(recent.Names(), ElementsAre("p9.prj", "p8.prj", "p7.prj", "p6.prj", "p5.prj",
+                                          "p4.prj", "p3.prj", "p2.prj"));
+  recent.AddToMRU("P4.PRJ");
+  EXPECT_EQ(recent.Names().size(), 8u);
+  EXPECT_EQ(recent.Names()[0], "p4.prj");
+  EXPECT_EQ(recent.Names()[1], "p9.prj");
+}
+
+TEST(RecentFiles, ReadsBackItsOrderWithoutDeadNames) {
+  const TempFolder folder;
+  FakeSettings settings;
+  RecentFiles recent;
+  for (const char* name : {"c.prj", "b.prj", "a.prj"}) recent.AddToMRU(folder.Path(name));
+  recent.SaveMRU(settings);
+  folder.Write("a.prj", "");
+  folder.Write("c.prj", "");
+  RecentFiles next;
+  next.LoadMRU(settings);
+  EXPECT_THAT(next.Names(), ElementsAre(folder.Path("a.prj"), folder.Path("c.prj")));
+}
+
+TEST(GlobalReplace, ReplacesTheFirstPlaceOnlyInAnyCase) {
+  struct Case {
+    const char* Text;
+    const char* From;
+    const char* To;
+    const char* Result;
+  };
+  const Case cases[] = {{"C:\\OLD\\a.hnp", "c:\\old", "D:\\new", "D:\\new\\a.hnp"},
+                        {"old/old/a.hnp", "OLD", "x", "x/old/a.hnp"},
+                        {"C:\\Z\xC3\x9CRICH\\a", "z\xC3\xBCrich", "b", "C:\\b\\a"},
+                        {"a.hnp", "q", "x", "a.hnp"}};
+  for (const Case& c : cases) EXPECT_EQ(ReplaceFirst(c.Text, c.From, c.To), c.Result) << c.Text;
+}
+
+TEST(GlobalReplace, LeavesWeatherAndOtherFilesAndEmptySlots) {
+  ScriptedUi ui;
+  ui.Texts = {"old", "new"};
+  ProjectData project;
+  project.FileName = "old/p.prj";
+  project.HydroFile = "old/a.hnp";
+  project.WitFileH = std::string(kNotSpecified);
+  project.BCFilesH[1].Upstream = "Old/u.bcf";
+  project.BCFilesQ[20].Downstream = "OLD/d.bcf";
+  project.MetFiles[1] = "old/m.met";
+  project.OtherFiles[1] = "old/o.txt";
+  ProjectData expected = project;
+  expected.FileName = "new/p.prj";
+  expected.HydroFile = "new/a.hnp";
+  expected.BCFilesH[1].Upstream = "new/u.bcf";
+  expected.BCFilesQ[20].Downstream = "new/d.bcf";
+
+  EXPECT_TRUE(GlobalReplace(project, ui));
+  EXPECT_EQ(project, expected);
+  EXPECT_EQ(ui.InputBoxes[1].Prompt,
+            "Now enter the replacement string for 'old' (for example: C:\\NEWDIR\\): ");
+
+  ui.Texts = {"new", ""};
+  EXPECT_FALSE(GlobalReplace(project, ui));
+  EXPECT_EQ(project, expected);
+}
+
+TEST(FileEdit, CutsRemarksAndFindsTheType) {
+  ScriptedUi ui;
+  HydroInput hydro;
+  hydro.HydroLoaded = true;
+  ProjectData project;
+  const auto prepare = [&](const EditRequest& request) {
+    return PrepareFileEdit(request, hydro, project, ui);
+  };
+  EXPECT_EQ(prepare({.FileName = "a.bcf     (US Branch 1)"}),
+            (EditRequest{.FileName = "a.bcf", .Kind = "BCF"}));
+  EXPECT_EQ(prepare({.Kind = "LAT", .Slot = 2}), (EditRequest{.Kind = "LAT", .Slot = 2}));
+  EXPECT_EQ(prepare({.FileName = "  "}), std::nullopt);
+  EXPECT_TRUE(ui.Messages.empty());
+}
+
+TEST(FileEdit, NeedsTheNetworkForFilesThatAreTiedToIt) {
+  const TempFolder folder;
+  ScriptedUi ui;
+  HydroInput hydro;
+  ProjectData project;
+  project.HydroFile = "river.hnp";
+  EXPECT_TRUE(PrepareFileEdit({.FileName = "a.xsg"}, hydro, project, ui).has_value());
+  for (const char* name : {"a.qnp", "a.lat", "a.wit", "a.pow", "a.met", "a.bcf", "a.bmd"}) {
+    EXPECT_FALSE(PrepareFileEdit({.FileName = name}, hydro, project, ui).has_value()) << name;
+    EXPECT_EQ(ui.LastMessage(),
+              "Unable to load hydrodynamic file named \"river.hnp\". You cannot edit auxiliary "
+              "files without specifying a valid HNP file in the project editor.");
+    EXPECT_EQ(ui.Messages.back().Title, "Edit Auxiliary File");
+  }
+  folder.Write("river.hnp", "A river\r\n");
+  EXPECT_TRUE(PrepareFileEdit({.FileName = "a.lat"}, hydro, project, ui).has_value());
+  EXPECT_EQ(hydro.Title, "A river");
+}
+
+TEST(ShellDocument, TellsWhyItFailed) {
+  ScriptedUi ui;
+  FakeShell shell;
+  const std::pair<int, const char*> results[] = {{2, "File not found"},
+                                                 {31, "No association for file extension"},
+                                                 {32, "DLL not found"},
+                                                 {7, "Unknown error"}};
+  for (const auto& [result, text] : results) {
+    shell.Result = result;
+    ShellDocument("a.doc", shell, ui);
+    EXPECT_EQ(ui.LastMessage(), std::string(text) + "\r\n\r\nDocument: a.doc");
+  }
+  shell.Result = 33;
+  ShellDocument("a.doc", shell, ui);
+  EXPECT_EQ(ui.Messages.size(), std::size(results));
+}
+
+}  // namespace
+}  // namespace lomaris
