@@ -1,6 +1,7 @@
 #include "core/profile.h"
 
-#define SI_NO_CONVERSION  // text is UTF-8 on both sides
+#define SI_NO_CONVERSION   // text is UTF-8 on both sides
+#define SI_IMPLEMENTATION  // the bodies of the templates, which no other file needs
 #include <SimpleIni.h>
 
 #include "core/encoding.h"
