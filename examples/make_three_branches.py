@@ -8,7 +8,7 @@ inflows, initial depths from a backwater computation, area coefficients from the
     make_three_branches.py            write the three files, print the plausibility table
     make_three_branches.py --check    write nothing, compare the files instead
 
-The exit code is 1 when a check fails or a file differs. Units: ft, cfs, ft above mean sea level.
+The exit code is 1 when a check fails, and nothing is written then, or when a file differs. Units: ft, cfs, ft above mean sea level.
 """
 
 import argparse
@@ -20,6 +20,7 @@ from corvane_river import BOTTOM_INVERT, BRANCHES, MILE_AT_BOTTOM, SHAPES
 from open_channel import BETA, GRAVITY, Channel, froude, rating_curve, step_up
 
 FOLDER = pathlib.Path(__file__).resolve().parent / "three_branches"
+PROJECT_FILE = "three_branches.prj"
 HYDRO_FILE, LIBRARY_FILE = "corvane_river.hnp", "corvane_shapes.xsg"
 
 THETA, TOLERANCE = 0.6, 0.01
@@ -214,8 +215,7 @@ def failures(channels):
     checks = {
         "names are unique": len(set(names)) == len(names),
         "names have 1 to 12 characters": all(1 <= len(name) <= 12 for name in names),
-        "every lookup name is in the library, every shape is used":
-            {s.lookup for s in sections} == set(channels),
+        "every shape of the library is used": {s.lookup for s in sections} == set(channels),
         "library names have 1 to 8 characters, no blanks":
             all(len(shape.name) <= 8 and shape.name.split() == [shape.name] for shape in SHAPES),
         "shapes have 12 to 25 points, stations rise, depths change":
@@ -267,25 +267,47 @@ def continuous(number):
     return True
 
 
+def unknown_shapes(channels):
+    """Lookup names of the tables that the library lacks, with which nothing can be computed."""
+    lookups = {section.lookup for branch in BRANCHES for section in branch.sections}
+    return [f"no shape in the library is called {name}" for name in sorted(lookups - set(channels))]
+
+
+def differing_files(files):
+    for name, data in files.items():
+        path = FOLDER / name
+        if not path.is_file() or path.read_bytes() != data:
+            yield f"{name} differs from what the tables give"
+
+
+def write_files(files):
+    FOLDER.mkdir(exist_ok=True)
+    for name, data in files.items():
+        (FOLDER / name).write_bytes(data)
+
+
+def file_bytes(lines):
+    return "".join(line + "\r\n" for line in lines).encode("ascii")
+
+
 def main():
     arguments = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     arguments.add_argument("--check", action="store_true", help="compare the files, write none")
     check = arguments.parse_args().check
 
     channels = {shape.name: Channel(shape) for shape in SHAPES}
+    if unknown := unknown_shapes(channels):
+        sys.exit("\n".join(unknown))
     build_network(channels)
-    for line in (*shape_lines(channels), *table_lines(channels)):
-        print(line)
+    print("\n".join([*shape_lines(channels), *table_lines(channels)]))
+    files = {PROJECT_FILE: file_bytes(project_lines()),
+             HYDRO_FILE: file_bytes(hydro_lines(channels)),
+             LIBRARY_FILE: file_bytes(library_lines())}
     wrong = [f"check failed: {text}" for text in failures(channels)]
-    files = {"three_branches.prj": project_lines(), HYDRO_FILE: hydro_lines(channels),
-             LIBRARY_FILE: library_lines()}
-    for name, lines in files.items():
-        data = "".join(line + "\r\n" for line in lines).encode("ascii")
-        if not check:
-            FOLDER.mkdir(exist_ok=True)
-            (FOLDER / name).write_bytes(data)
-        elif not (FOLDER / name).is_file() or (FOLDER / name).read_bytes() != data:
-            wrong.append(f"{name} differs from what the tables give")
+    if check:
+        wrong += differing_files(files)
+    elif not wrong:
+        write_files(files)
     print("\n" + ("\n".join(wrong) or "all checks hold"))
     return 1 if wrong else 0
 
