@@ -2,13 +2,14 @@
 """Makes the example project "three_branches", a made-up river that is ready to open.
 
 The survey of the river stands in corvane_river.py. The rest is computed from it here, so that the
-numbers agree: inverts from the slopes, flows from the headwaters and the distributed
-inflows, initial depths from a backwater computation, area coefficients from the shapes.
+numbers agree: inverts from the slopes, flows from the headwaters and the distributed inflows,
+initial depths from a backwater computation, area coefficients from the shapes.
 
     make_three_branches.py            write the three files, print the plausibility table
     make_three_branches.py --check    write nothing, compare the files instead
 
-The exit code is 1 when a check fails, and nothing is written then, or when a file differs. Units: ft, cfs, ft above mean sea level.
+The exit code is 1 when a check fails, and nothing is written then, or when a file differs.
+Units: ft, cfs, ft above mean sea level.
 """
 
 import argparse
