@@ -1,5 +1,6 @@
 #include "windows/workspace/frm_project.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDragEnterEvent>

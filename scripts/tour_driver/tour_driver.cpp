@@ -1,0 +1,139 @@
+// Leads the program's own windows through their main tasks and keeps a picture of each.
+//
+//   tour_driver <project file> <folder for the pictures>
+
+#include <QDir>
+#include <QMenu>
+#include <QPalette>
+#include <QPlainTextEdit>
+#include <QStyleFactory>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolButton>
+#include <cstdio>
+
+#include "windows/core/application.h"
+#include "windows/core/frm_splash.h"
+#include "windows/core/help_window.h"
+#include "windows/core/qt_settings.h"
+#include "windows/core/qt_shell.h"
+#include "windows/core/qt_ui.h"
+#include "windows/core/qt_workbench.h"
+#include "windows/core/whats_this.h"
+#include "windows/workspace/frm_project.h"
+
+namespace {
+
+using namespace lomaris;
+
+constexpr QSize kWindowSize(1024, 700);
+
+/// Keeps pictures, and the count of those that could not be kept.
+class Album {
+ public:
+  explicit Album(const QString& folder) : folder_(folder) {}
+
+  void Keep(QWidget* widget, const QString& name) {
+    QTest::qWait(50);
+    const QString path = folder_.filePath(name + ".png");
+    if (widget != nullptr && widget->grab().save(path)) {
+      std::printf("%s\n", qPrintable(path));
+      return;
+    }
+    std::fprintf(stderr, "no picture of %s\n", qPrintable(name));
+    ++missing_;
+  }
+
+  int Missing() const { return missing_; }
+
+ private:
+  QDir folder_;
+  int missing_ = 0;
+};
+
+QPalette DarkPalette() {
+  QPalette dark(QColor(0x2b, 0x2d, 0x30));
+  dark.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
+  dark.setColor(QPalette::Text, QColor(0xdf, 0xe1, 0xe5));
+  dark.setColor(QPalette::WindowText, QColor(0xdf, 0xe1, 0xe5));
+  dark.setColor(QPalette::ButtonText, QColor(0xdf, 0xe1, 0xe5));
+  dark.setColor(QPalette::Highlight, QColor(0x2e, 0x6f, 0x9e));
+  dark.setColor(QPalette::Link, QColor(0x6c, 0xb2, 0xe6));
+  for (const QPalette::ColorRole role :
+       {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x83, 0x88));
+  }
+  return dark;
+}
+
+QWidget* HelpWindow() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == "frmHelp") return window;
+  }
+  return nullptr;
+}
+
+void ShowTheProject(frmProject& window, Album& album) {
+  auto* tabs = window.findChild<QTabWidget*>("SSTabMain");
+  album.Keep(&window, "project");
+  window.findChild<QToolButton*>("btnBrowseSelect4")->click();
+  album.Keep(QApplication::activePopupWidget(), "project_slot_menu");
+  QApplication::activePopupWidget()->close();
+  tabs->setCurrentIndex(1);
+  album.Keep(&window, "project_diagram");
+  tabs->setCurrentIndex(0);
+}
+
+void ShowTheMenus(frmProject& window, Album& album) {
+  for (const char* name : {"mnuFile", "mnuEdit", "mnuRun", "mnuHelp"}) {
+    auto* menu = window.findChild<QMenu*>(name);
+    menu->popup(window.mapToGlobal(QPoint()));
+    album.Keep(menu, QString("menu_%1").arg(QString(name).mid(3).toLower()));
+    menu->close();
+  }
+}
+
+void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
+  QtSettings settings;
+  QtShell shell;
+  ProjectData data;
+  HydroInput hydro;
+  QtWorkbench workbench(hydro, data, ui, settings);
+  const Tables tables = InitTables(ui);
+
+  frmSplash splash;
+  splash.show();
+  album.Keep(&splash, "splash");
+  splash.hide();
+
+  frmProject window(data, hydro, tables, ui, settings, shell, workbench);
+  window.resize(kWindowSize);
+  window.show();
+  album.Keep(&window, "project_empty");
+  window.OpenProject(project);
+  ShowTheProject(window, album);
+  ShowTheMenus(window, album);
+  ShowHelpContents(1, settings);
+  album.Keep(HelpWindow(), "help");
+
+  QApplication::setPalette(DarkPalette());
+  album.Keep(&window, "project_dark");
+  album.Keep(HelpWindow(), "help_dark");
+  HelpWindow()->close();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::fprintf(stderr, "usage: tour_driver <project file> <folder for the pictures>\n");
+    return EXIT_FAILURE;
+  }
+  QtUi ui;
+  Application application(argc, argv, ui);
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  SetHelpFile(QCoreApplication::applicationDirPath() + "/Lomaris.hlp");
+  Album album(QString::fromLocal8Bit(argv[2]));
+  Tour(ui, argv[1], album);
+  return album.Missing() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
