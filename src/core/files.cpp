@@ -199,10 +199,13 @@ std::optional<std::string> FindFile(std::string_view name, std::string_view besi
   const std::string_view trimmed = Trim(name);
   if (trimmed.empty() || trimmed.find('\0') != std::string_view::npos) return std::nullopt;
   const fs::path path = PlatformPath(trimmed);
-  if (std::optional<std::string> found = ExistingFile(path)) return found;
+  // The folder of the project comes first: a dialog that moved the current directory must not make
+  // a name of the project mean a file of another one.
   const fs::path folder = PlatformPath(FolderOf(besideFile));
-  if (path.is_absolute() || folder.empty()) return std::nullopt;
-  return ExistingFile(folder / path);
+  if (path.is_relative() && !folder.empty()) {
+    if (std::optional<std::string> found = ExistingFile(folder / path)) return found;
+  }
+  return ExistingFile(path);
 }
 
 std::string TargetPath(std::string_view name, std::string_view besideFile) {

@@ -22,8 +22,8 @@ std::string ExtensionOf(std::string_view fileName);
 std::string BackupName(std::string_view fileName);
 
 /// The path of an existing file, or nothing: the name as it stands, then without regard to case,
-/// part by part. A name that is not absolute is looked up from the current directory, then from
-/// the folder of `besideFile`. A folder is no file.
+/// part by part. A name that is not absolute is looked up from the folder of `besideFile`, which is
+/// the project, then from the current directory. A folder is no file.
 std::optional<std::string> FindFile(std::string_view name, std::string_view besideFile = {});
 
 /// The path that a save to `name` writes: the existing file that `FindFile` gives, else the name

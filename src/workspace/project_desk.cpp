@@ -9,6 +9,7 @@
 #include "import/browse_file.h"
 #include "model/hnp_file.h"
 #include "model/prj_file.h"
+#include "workspace/found_files.h"
 #include "workspace/global_replace.h"
 #include "workspace/shell_document.h"
 
@@ -72,7 +73,6 @@ bool ProjectDesk::Replaceable() {
 }
 
 bool ProjectDesk::LoadProject(const std::string& fileName) {
-  if (!Replaceable()) return false;
   ProjectData& project = around_.Project;
   nameNotLoaded_ = !LoadPRJFile(project, around_.Screen, fileName);
   if (nameNotLoaded_) {
@@ -106,21 +106,19 @@ bool ProjectDesk::Open() {
 
 bool ProjectDesk::OpenProject(const std::string& fileName) {
   return RunAction("mnuFileOpen_Click", [&] {
-    if (!LoadProject(fileName)) return false;
+    if (!Replaceable() || !LoadProject(fileName)) return false;
     recent_.AddToMRU(fileName);
-    recent_.SaveMRU(around_.Store);
-    view_.ShowRecent(recent_.Names());
+    KeepRecent();
     return true;
   });
 }
 
 bool ProjectDesk::OpenRecent(std::size_t index) {
   return RunAction("mnuFileMRU_Click", [&] {
-    if (index >= recent_.Names().size()) return false;
+    if (index >= recent_.Names().size() || !Replaceable()) return false;
     const bool loaded = LoadProject(std::string(recent_.Names()[index]));
     recent_.MoveMRUToTop(index);
-    recent_.SaveMRU(around_.Store);
-    view_.ShowRecent(recent_.Names());
+    KeepRecent();
     return loaded;
   });
 }
@@ -131,6 +129,8 @@ bool ProjectDesk::SaveProject(bool saveAs) {
 
 bool ProjectDesk::WriteProject(bool saveAs) {
   ProjectData& project = around_.Project;
+  StoreForm(view_.Form(), project);
+  const FoundFiles before = FilesFoundBy(project);
   std::string name = project.FileName;
   const bool ask = saveAs || nameNotLoaded_ || name.empty();
   if (ask) {
@@ -138,17 +138,20 @@ bool ProjectDesk::WriteProject(bool saveAs) {
                     around_.Screen, around_.Store);
     if (name.empty()) return false;
   }
-  StoreForm(view_.Form(), project);
   if (!SavePRJFile(project, around_.Screen, name)) return false;
   project.FileName = name;
   nameNotLoaded_ = false;
-  if (ask) {
-    ShowCaption();
-    recent_.AddToMRU(name);
-    recent_.SaveMRU(around_.Store);
-    view_.ShowRecent(recent_.Names());
-  }
+  if (!ask) return true;
+  ShowCaption();
+  recent_.AddToMRU(name);
+  KeepRecent();
+  TellOfOtherFilesFound(before, FilesFoundBy(project), around_.Screen);
   return true;
+}
+
+void ProjectDesk::KeepRecent() {
+  recent_.SaveMRU(around_.Store);
+  view_.ShowRecent(recent_.Names());
 }
 
 bool ProjectDesk::Close() {

@@ -100,6 +100,7 @@ class ProjectDesk {
   bool LoadProject(const std::string& fileName);
   bool WriteProject(bool saveAs);
   void ShowCaption();
+  void KeepRecent();
 
   bool WarnBeforeSelecting(std::size_t slot);
   EditRequest RequestFor(const ProjectForm& form, std::size_t slot) const;

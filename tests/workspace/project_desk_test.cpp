@@ -89,6 +89,31 @@ TEST_F(DeskTest, SavesUnderANewNameWithTheRightExtension) {
   EXPECT_EQ(folder.Entries(), "one.prj two.PRJ");
 }
 
+TEST_F(DeskTest, TellsWhichNamesMeanOtherFilesAfterASaveElsewhere) {
+  const std::string library = folder.Write("lib/shapes.xsg", "");
+  folder.Write("one.hnp", "");
+  folder.Write("other/one.hnp", "another river");
+  ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
+  view.Shown.Texts[kLibrarySlot] = library;
+  view.Shown.Texts[2] = "not_there_before.lat";
+  ui.Files = {{folder.Path("other/one.prj")}};
+  std::filesystem::current_path(folder.Path("other"));
+  EXPECT_TRUE(desk.SaveProject(true));
+  EXPECT_EQ(ui.LastMessage(),
+            "From its new directory the project finds other files, or none, under these names:"
+            "\r\n\r\none.hnp\r\n\r\nCopy the files there, or select them again.");
+}
+
+TEST_F(DeskTest, ACancelledRecentProjectChangesNothing) {
+  const std::string first = WriteProject("one.prj", "one.hnp");
+  ASSERT_TRUE(desk.OpenProject(first));
+  ASSERT_TRUE(desk.OpenProject(WriteProject("two.prj", "two.hnp")));
+  desk.MarkDirty();
+  ui.Answers = {Answer::Cancel};
+  EXPECT_FALSE(desk.OpenRecent(1));
+  EXPECT_EQ(view.RecentNames[1], first);
+}
+
 TEST_F(DeskTest, KeepsTheNameWhenASaveFails) {
   ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
   desk.MarkDirty();
