@@ -102,6 +102,12 @@ Scanned<T> ScanNumber(std::string_view text) {
 
 template <class T>
 T ToFloating(std::string_view field) {
+  // Nearly every field is a number as it stands; only "inf" and "nan" are none of ours.
+  T value = 0;
+  const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
+  if (error == std::errc() && end == field.data() + field.size() && std::isfinite(value)) {
+    return value;
+  }
   const std::string_view text = TrimBlanks(field);
   const Scanned<T> scanned = ScanNumber<T>(text);
   if (scanned.Length == 0 || scanned.Length != text.size()) throw NotANumber(field);

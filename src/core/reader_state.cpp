@@ -56,7 +56,7 @@ ReaderState::Fields ReaderState::SplitAtTabs() const {
   Fields fields;
   fields.Count = SplitFields(
       CurrentLine, '\t', kMostFields, kMostFields, ui_,
-      [&](std::size_t place, std::string_view field, bool) { fields.Text[place] = field; });
+      [&](std::size_t place, std::string_view field, bool) { fields.Set(place, field); });
   return fields;
 }
 
@@ -77,12 +77,9 @@ ReaderState::Fields ReaderState::SplitAtBlanks() const {
       SplitFields(line, '\t', kMostFields, kMostFields, ui_,
                   [](std::size_t, std::string_view, bool) {});
     }
-    fields.Text[fields.Count++] = {start, static_cast<std::size_t>(c - start)};
+    fields.Set(fields.Count++, {start, static_cast<std::size_t>(c - start)});
   }
-  if (fields.Count > 0) {
-    std::string_view& last = fields.Text[fields.Count - 1];
-    last = LastField(last);
-  }
+  if (fields.Count > 0) fields.Set(fields.Count - 1, LastField(fields[fields.Count - 1]));
   return fields;
 }
 
@@ -93,7 +90,8 @@ Answer ReaderState::ReportField() {
 }
 
 bool IsTrue(std::string_view field) {
-  if (!field.empty() && field.front() == '1' && field.size() == 1) return true;
+  if (field == "1") return true;
+  if (field == "0") return false;
   const std::string upper = UpperCase(field);
   return upper == ".TRUE." || upper == "TRUE" || NumericValue(field) == 1;
 }

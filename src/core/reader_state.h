@@ -68,12 +68,22 @@ class ReaderState {
  private:
   static constexpr std::size_t kMostFields = 40;
 
+  /// The fields of a line. Only the first `Count` places of `Text` are set: there is one of these
+  /// for every line of a file.
   struct Fields {
-    std::array<std::string_view, kMostFields> Text;
+    struct Piece {
+      const char* Start;
+      std::size_t Size;
+    };
+    std::array<Piece, kMostFields> Text;
     std::size_t Count = 0;
 
+    void Set(std::size_t place, std::string_view field) {
+      Text[place] = {field.data(), field.size()};
+    }
     std::string_view operator[](std::size_t place) const {
-      return place < Count ? Text[place] : std::string_view();
+      if (place >= Count) return {};
+      return {Text[place].Start, Text[place].Size};
     }
   };
 

@@ -8,8 +8,36 @@
 
 namespace lomaris {
 
-/// Hydrodynamic input file. A blank name, and a name of no existing file (which is told), load
-/// nothing and are a success: a new file is an ordinary outcome.
+// Hydrodynamic input file: text, lines end CR LF, numbers separated by tabs on writing and by any
+// blanks on reading. A number that stands alone has a blank before and after it.
+//
+//   title, as one line
+//   total cross sections, branches, start year, month, day, hour, end year, month, day, hour,
+//     seed year
+//   Beta, Gravity, MileAtBottom, Theta, Tolerance
+//   print steps: their number; one line each with year, month, day, hour, hours
+//   time steps: their number; one line each with year, month, day, hour, seconds
+//   then per branch
+//     number of the branch
+//     name
+//     upstream type
+//     downstream type
+//     cross sections, DSBranch, DSXSect, USValue, DSValue, DSAngle
+//     then per cross section
+//       name
+//       lookup name
+//       Length, Flow, Depth, Lateral, Invert, C1, C2, C3, ManningN, Loss, N1, N2, Print as 1 or 0
+//   boundary files: the list of boundary_list.h
+//   lateral inflows; withdrawals; cross section library, a line each, "NULL" for none
+//
+// What follows the branches is for the model: the reader does not look at it, since the names come
+// from the project. Nor does it believe the total on line 2.
+
+/// Fills `hydro` anew from a file; the branch with number i in the file is `Branches[i]`, wherever
+/// it stands, while its boundary files are those that the project has for its place in the file.
+/// A blank name, and a name of no existing file (which is told), load nothing and are a success: a
+/// new file is an ordinary outcome. A name without a directory is looked up beside the project as
+/// well. On success the project's list of boundary files has a place for every branch.
 ///
 /// False, with both records as they were, when the file cannot be read; the user has been told by
 /// then.

@@ -1,0 +1,58 @@
+#include "model/boundary_list.h"
+
+#include <cstdlib>
+
+#include "model/file_names.h"
+#include "model/input_file.h"
+
+namespace lomaris {
+namespace {
+
+constexpr int kMostBoundaryFiles = 2 * kMostBranches;
+
+}  // namespace
+
+void ReadBoundaryList(ReaderState& in, BoundedArray<BranchBCFiles>& files, std::int16_t& highest,
+                      Ui& ui) {
+  files = BoundedArray<BranchBCFiles>(1, kMostBranches);
+  highest = 0;
+  std::int16_t count = 0;
+  in.ReadLine(count);
+  CheckedCount(count, kMostBoundaryFiles);
+
+  std::string line(in.ReadRawLine());
+  CollapseWhitespace(line);
+  BoundedArray<std::string> numbers(1, kMostBoundaryFiles);
+  int numberCount = 0;
+  BreakApart(line, numbers, numberCount, '\t', ui);
+  numbers.Resize(numberCount);
+
+  for (int i = 1; i <= count; ++i) {
+    const std::int16_t number = ToInteger(numbers[i]);
+    const int branch = std::abs(int{number});
+    BranchBCFiles& ends = files[branch];
+    (number > 0 ? ends.Upstream : ends.Downstream) = Trim(in.ReadRawLine());
+    highest = Max(highest, static_cast<std::int16_t>(branch));
+  }
+}
+
+void AppendBoundaryList(std::string& out, const BoundedArray<BranchBCFiles>& files, int highest) {
+  int count = 0;
+  std::string numbers;
+  std::string names;
+  const auto add = [&](int number, const std::string& name) {
+    if (!NamesAFile(name)) return;
+    if (count++ > 0) numbers += '\t';
+    AppendNumber(numbers, number);
+    AppendLine(names, FileNameLine(name));
+  };
+  for (int branch = 1; branch <= highest; ++branch) {
+    add(branch, files[branch].Upstream);
+    add(-branch, files[branch].Downstream);
+  }
+  AppendLine(out, PrintedNumber(count));
+  AppendLine(out, numbers);
+  out += names;
+}
+
+}  // namespace lomaris

@@ -1,0 +1,27 @@
+#include "model/file_names.h"
+
+#include "core/text.h"
+#include "model/project_data.h"
+
+namespace lomaris {
+namespace {
+
+constexpr std::string_view kNoFileOnDisk = "NULL";
+
+}  // namespace
+
+bool NamesAFile(std::string_view name) {
+  const std::string upper = UpperCase(Trim(name));
+  return !upper.empty() && upper != "NONE" && upper != kNoFileOnDisk && upper != "(NOT SPECIFIED)";
+}
+
+std::string NormaliseFileName(std::string_view name, bool forDisplay) {
+  if (NamesAFile(name)) return std::string(Trim(name));
+  return std::string(forDisplay ? kNotSpecified : kNoFileOnDisk);
+}
+
+std::string FileNameLine(std::string_view name) {
+  return NormaliseFileName(TrimField(name), false);
+}
+
+}  // namespace lomaris

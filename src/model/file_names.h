@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace lomaris {
+
+/// A file name, trimmed. One that in upper case is empty, "NONE", "NULL" or "(NOT SPECIFIED)" is no
+/// file: "(Not Specified)" for display, "NULL" for a file. Readers ask for display, writers do not.
+std::string NormaliseFileName(std::string_view name, bool forDisplay);
+
+/// False when `NormaliseFileName` takes the name for none.
+bool NamesAFile(std::string_view name);
+
+/// A file name as it stands alone on a line of a file: without line breaks, "NULL" for none.
+std::string FileNameLine(std::string_view name);
+
+}  // namespace lomaris

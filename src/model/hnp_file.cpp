@@ -1,0 +1,238 @@
+#include "model/hnp_file.h"
+
+#include <unordered_map>
+
+#include <fmt/format.h>
+
+#include "model/boundary_list.h"
+#include "model/file_names.h"
+#include "model/input_file.h"
+#include "model/step_table.h"
+
+namespace lomaris {
+namespace {
+
+/// Three lines of a cross section, each empty but for its end.
+constexpr std::size_t kShortestXSect = 3;
+
+/// Of all branches. Error 6 when the total has no place in the record.
+std::int16_t TotalXSects(const HydroInput& hydro) {
+  std::int64_t total = 0;
+  for (int i = 1; i <= hydro.BranchCount; ++i) total += hydro.Branches[i].XSectCount;
+  if (total > std::numeric_limits<std::int16_t>::max()) {
+    throw RuntimeError(ErrorNumber::Overflow, fmt::format("{} cross sections", total));
+  }
+  return static_cast<std::int16_t>(total);
+}
+
+// --- Reading
+
+/// The name on the next line.
+std::string ReadName(ReaderState& in) {
+  std::string line;
+  in.ReadCountedLine(line);
+  return TrimField(line);
+}
+
+/// The first character of the next line, a blank for none. A type is a plain letter: any other
+/// character would be cut in half here.
+char ReadType(ReaderState& in) {
+  const std::string type = ReadName(in);
+  if (type.empty()) return ' ';
+  return static_cast<unsigned char>(type.front()) < 0x80 ? type.front() : '?';
+}
+
+void ReadHead(ReaderState& in, HydroInput& hydro, Ui& ui) {
+  double total = 0;  // whatever it says: it is summed anew
+  DateFields start;
+  DateFields end;
+  in.ReadLine(hydro.Title);
+  in.ReadLine(total, hydro.BranchCount, start.Year, start.Month, start.Day, start.Hour, end.Year,
+              end.Month, end.Day, end.Hour, hydro.SeedYear);
+  CheckedCount(hydro.BranchCount, kMostBranches);
+  hydro.StartDate = ComposedDate(start, ui);
+  hydro.EndDate = ComposedDate(end, ui);
+  in.ReadLine(hydro.Beta, hydro.Gravity, hydro.MileAtBottom, hydro.Theta, hydro.Tolerance);
+  ReadStepTable(in, hydro.PrintStepCount, hydro.PrintSteps, ui);
+  ReadStepTable(in, hydro.TimeStepCount, hydro.TimeSteps, ui);
+}
+
+void ReadXSect(ReaderState& in, XSectRec& xsect) {
+  xsect.Name = ReadName(in);
+  xsect.Lookup = ReadName(in);
+  in.ReadCountedLine(xsect.Length, xsect.Flow, xsect.Depth, xsect.Lateral, xsect.Invert, xsect.C1,
+                     xsect.C2, xsect.C3, xsect.ManningN, xsect.Loss, xsect.N1, xsect.N2,
+                     xsect.Print);
+}
+
+void ReadBranch(ReaderState& in, BranchRec& branch) {
+  branch.Name = ReadName(in);
+  branch.USType = ReadType(in);
+  branch.DSType = ReadType(in);
+  in.ReadCountedLine(branch.XSectCount, branch.DSBranch, branch.DSXSect, branch.USValue,
+                     branch.DSValue, branch.DSAngle);
+  branch.XSects = BoundedArray<XSectRec>(1, in.Plausible(branch.XSectCount, kShortestXSect));
+  for (XSectRec& xsect : branch.XSects) ReadXSect(in, xsect);
+}
+
+void ReadNetwork(ReaderState& in, HydroInput& hydro,
+                 const BoundedArray<BranchBCFiles>& boundaryFiles) {
+  for (int i = 1; i <= hydro.BranchCount; ++i) {
+    std::int16_t number = 0;
+    in.ReadCountedLine(number);
+    BranchRec& branch = hydro.Branches[number];
+    branch = {};
+    ReadBranch(in, branch);
+    branch.USFile = boundaryFiles[i].Upstream;
+    branch.DSFile = boundaryFiles[i].Downstream;
+  }
+  hydro.XSectCount = TotalXSects(hydro);
+}
+
+// --- Writing
+
+/// True, having told it, when two cross sections have the same name, as the file would hold it.
+bool HasDuplicateName(const HydroInput& hydro, Ui& ui) {
+  struct Place {
+    int Branch;
+    int XSect;
+  };
+  std::unordered_map<std::string, Place> first;
+  for (int i = 1; i <= hydro.BranchCount; ++i) {
+    for (int j = 1; j <= hydro.Branches[i].XSectCount; ++j) {
+      const std::string& name = hydro.Branches[i].XSects[j].Name;
+      const auto [entry, isNew] = first.try_emplace(TrimField(name), Place{i, j});
+      if (isNew) continue;
+      const auto [k, l] = entry->second;
+      ui.ShowMessage(
+          {.Text = fmt::format("Cross section {} ({}) in branch {} ({}) was also found in branch "
+                               "{} ({}), cross section {}.\r\n\r\nDuplicate cross section names "
+                               "are not allowed.",
+                               j, name, i, hydro.Branches[i].Name, k, hydro.Branches[k].Name, l),
+           .Title = "Error"});
+      return true;
+    }
+  }
+  return false;
+}
+
+void AppendHead(std::string& out, const HydroInput& hydro, Ui& ui) {
+  const DateFields start = BrokenUpDate(hydro.StartDate, ui);
+  const DateFields end = BrokenUpDate(hydro.EndDate, ui);
+  AppendLine(out, JoinLines(hydro.Title));
+  AppendRow(out, TotalXSects(hydro), hydro.BranchCount, start.Year, start.Month, start.Day,
+            start.Hour, end.Year, end.Month, end.Day, end.Hour, hydro.SeedYear);
+  AppendRow(out, hydro.Beta, hydro.Gravity, hydro.MileAtBottom, hydro.Theta, hydro.Tolerance);
+  AppendStepTable(out, hydro.PrintStepCount, hydro.PrintSteps, ui);
+  AppendStepTable(out, hydro.TimeStepCount, hydro.TimeSteps, ui);
+}
+
+void AppendXSect(std::string& out, const XSectRec& xsect) {
+  AppendLine(out, TrimField(xsect.Name));
+  AppendLine(out, TrimField(xsect.Lookup));
+  AppendRow(out, xsect.Length, xsect.Flow, xsect.Depth, xsect.Lateral, xsect.Invert, xsect.C1,
+            xsect.C2, xsect.C3, xsect.ManningN, xsect.Loss, xsect.N1, xsect.N2,
+            std::int16_t{xsect.Print});
+}
+
+void AppendBranch(std::string& out, int number, const BranchRec& branch) {
+  AppendLine(out, PrintedNumber(number));
+  AppendLine(out, TrimField(branch.Name));
+  AppendLine(out, {&branch.USType, 1});
+  AppendLine(out, {&branch.DSType, 1});
+  AppendRow(out, branch.XSectCount, branch.DSBranch, branch.DSXSect, branch.USValue, branch.DSValue,
+            branch.DSAngle);
+  for (int i = 1; i <= branch.XSectCount; ++i) AppendXSect(out, branch.XSects[i]);
+}
+
+/// The boundary files of the branches in use.
+BoundedArray<BranchBCFiles> BoundaryFiles(const HydroInput& hydro) {
+  BoundedArray<BranchBCFiles> files(1, hydro.BranchCount);
+  for (int i = 1; i <= hydro.BranchCount; ++i) {
+    files[i] = {hydro.Branches[i].USFile, hydro.Branches[i].DSFile};
+  }
+  return files;
+}
+
+std::string HydroText(const HydroInput& hydro, Ui& ui) {
+  std::string out;
+  AppendHead(out, hydro, ui);
+  for (int i = 1; i <= hydro.BranchCount; ++i) AppendBranch(out, i, hydro.Branches[i]);
+  AppendBoundaryList(out, BoundaryFiles(hydro), hydro.BranchCount);
+  AppendLine(out, FileNameLine(hydro.LatFile));
+  AppendLine(out, FileNameLine(hydro.WitFile));
+  AppendLine(out, FileNameLine(hydro.XSGFile));
+  return out;
+}
+
+// --- The project's names after a save
+
+/// Moves a name into the project. True when it names another file now.
+bool TakeName(std::string& mine, const std::string& theirs) {
+  const bool changed = NormaliseFileName(mine, true) != NormaliseFileName(theirs, true);
+  mine = theirs;
+  return changed;
+}
+
+void TakeNames(ProjectData& project, const HydroInput& hydro) {
+  const BoundedArray<BranchBCFiles> files = BoundaryFiles(hydro);
+  const auto old = project.BCFilesH.UpperBound();
+  bool changed = false;
+  for (std::int64_t i = files.Count() + 1; i <= old; ++i) {
+    changed |=
+        NamesAFile(project.BCFilesH[i].Upstream) || NamesAFile(project.BCFilesH[i].Downstream);
+  }
+  project.BCFilesH.Resize(hydro.BranchCount);
+  project.BCCountH = hydro.BranchCount;
+  for (int i = 1; i <= hydro.BranchCount; ++i) {
+    changed |= TakeName(project.BCFilesH[i].Upstream, files[i].Upstream);
+    changed |= TakeName(project.BCFilesH[i].Downstream, files[i].Downstream);
+  }
+  changed |= TakeName(project.LatFileH, NormaliseFileName(hydro.LatFile, true));
+  changed |= TakeName(project.WitFileH, NormaliseFileName(hydro.WitFile, true));
+  changed |= TakeName(project.XSGFileH, NormaliseFileName(hydro.XSGFile, true));
+  if (changed) project.Dirty = true;
+}
+
+}  // namespace
+
+bool LoadHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::string& fileName) {
+  const std::string name(Trim(fileName));
+  if (name.empty()) return true;
+  const auto path = FindInputFile("Hydrodynamic file", name, project.FileName, ui);
+  if (!path) return true;
+
+  HydroInput loaded;
+  BoundedArray<BranchBCFiles> boundaryFiles = project.BCFilesH;
+  boundaryFiles.Resize(kMostBranches);
+  const bool read = ReadInputFile(*path, name, ui, [&](ReaderState& in) {
+    ReadHead(in, loaded, ui);
+    ReadNetwork(in, loaded, boundaryFiles);
+    return true;
+  });
+  if (!read) return false;
+  loaded.FileName = name;
+  loaded.HydroLoaded = true;
+  loaded.LatFile = project.LatFileH;
+  loaded.WitFile = project.WitFileH;
+  loaded.XSGFile = project.XSGFileH;
+  hydro = std::move(loaded);
+  project.BCFilesH = std::move(boundaryFiles);
+  return true;
+}
+
+bool SaveHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::string& fileName) {
+  const std::string name(Trim(fileName));
+  const auto format = [&]() -> std::optional<std::string> {
+    if (HasDuplicateName(hydro, ui)) return std::nullopt;
+    return HydroText(hydro, ui);
+  };
+  if (!WriteInputFile(name, project.FileName, "SaveHNPFile", ui, format)) return false;
+  hydro.Dirty = false;
+  hydro.FileName = name;
+  hydro.XSectCount = TotalXSects(hydro);
+  TakeNames(project, hydro);
+  return true;
+}
+
+}  // namespace lomaris

@@ -1,0 +1,116 @@
+#include "model/xsg_file.h"
+
+#include "core/encoding.h"
+#include "model/input_file.h"
+
+namespace lomaris {
+namespace {
+
+constexpr std::string_view kNoDescription = "Unknown";
+constexpr std::size_t kMostWords = 100;
+constexpr int kNameWidth = 8;
+constexpr std::string_view kBehindName = "    ";
+constexpr std::size_t kShortestEntry = 4;  // "A", "0" and their line ends
+constexpr std::size_t kShortestPoint = 1;  // an empty line
+
+/// Name and description from the next line. False for a line without a name.
+bool ReadNameLine(ReaderState& in, LibrarySection& section, Ui& ui) {
+  std::string line(in.ReadRawLine());
+  CollapseWhitespace(line);
+  SplitFields(line, '\t', kMostWords, kMostWords, ui,
+              [&](std::size_t place, std::string_view word, bool) {
+                if (place == 0) {
+                  section.Name = TrimField(word);
+                } else {
+                  section.Description.append(word).append(1, ' ');
+                }
+              });
+  if (section.Description.empty()) section.Description = kNoDescription;
+  return !section.Name.empty();
+}
+
+void ReadPoints(ReaderState& in, LibrarySection& section) {
+  in.ReadCountedLine(section.PointCount);
+  section.Points = BoundedArray<XSectPoint>(1, in.Plausible(section.PointCount, kShortestPoint));
+  for (XSectPoint& point : section.Points) in.ReadCountedLine(point.Depth, point.Station);
+}
+
+bool ReadLibrary(ReaderState& in, XSectLibrary& library, Ui& ui) {
+  for (std::string& title : library.Title) in.ReadLine(title);
+  in.ReadLine(library.XSectCount);
+  library.XSects =
+      BoundedArray<LibrarySection>(1, in.Plausible(library.XSectCount, kShortestEntry));
+  for (LibrarySection& section : library.XSects) {
+    if (!ReadNameLine(in, section, ui)) {
+      ui.ShowMessage({.Text = "Invalid input reading cross section name and description."});
+      return false;
+    }
+    ReadPoints(in, section);
+  }
+  return true;
+}
+
+void AppendNameLine(std::string& out, const LibrarySection& section) {
+  const std::string name = TrimField(section.Name);
+  std::size_t end = 0;
+  int width = 0;
+  for (; width < kNameWidth && end < name.size(); ++width) NextCodePoint(name, end);
+  out.append(name, 0, end).append(static_cast<std::size_t>(kNameWidth - width), ' ');
+  out += kBehindName;
+  const bool described = section.Description != kNoDescription;
+  AppendLine(out, described ? JoinLines(section.Description) : std::string());
+}
+
+void AppendSection(std::string& out, const LibrarySection& section) {
+  AppendNameLine(out, section);
+  AppendLine(out, PrintedNumber(section.PointCount));
+  for (int i = 1; i <= section.PointCount; ++i) {
+    AppendTwoDecimals(out, section.Points[i].Depth);
+    out += '\t';
+    AppendTwoDecimals(out, section.Points[i].Station);
+    out += kLineBreak;
+  }
+}
+
+std::string LibraryText(const XSectLibrary& library) {
+  std::string out;
+  for (const std::string& title : library.Title) AppendLine(out, JoinLines(title));
+  AppendLine(out, PrintedNumber(library.XSectCount));
+  for (int i = 1; i <= library.XSectCount; ++i) {
+    if (TrimField(library.XSects[i].Name).empty()) {
+      throw RuntimeError(ErrorNumber::InvalidCall,
+                         "cross section " + NumberText(i) + " of the library has no name");
+    }
+    AppendSection(out, library.XSects[i]);
+  }
+  return out;
+}
+
+}  // namespace
+
+bool LoadXSGFile(XSectLibrary& library, const ProjectData& project, Ui& ui,
+                 const std::string& fileName) {
+  const std::string name(Trim(fileName));
+  if (name.empty()) return true;
+  const auto path = FindInputFile("Cross section library file", name, project.FileName, ui);
+  if (!path) return true;
+
+  XSectLibrary loaded;
+  loaded.FileName = name;
+  const bool read =
+      ReadInputFile(*path, name, ui, [&](ReaderState& in) { return ReadLibrary(in, loaded, ui); });
+  if (read) library = std::move(loaded);
+  return read;
+}
+
+bool SaveXSGFile(XSectLibrary& library, const ProjectData& project, Ui& ui,
+                 const std::string& fileName) {
+  const std::string name(Trim(fileName));
+  const auto format = [&] { return LibraryText(library); };
+  if (!WriteInputFile(name, project.FileName, "SaveXSGFile", ui, format)) return false;
+  library.Dirty = false;
+  library.FileName = name;
+  return true;
+}
+
+}  // namespace lomaris
