@@ -1,0 +1,109 @@
+#include "windows/core/qt_workbench.h"
+
+#include <QApplication>
+#include <algorithm>
+#include <utility>
+
+#include "core/error_report.h"
+#include "core/window_position.h"
+#include "windows/core/window_placement.h"
+#include "workspace/file_edit.h"
+
+namespace lomaris {
+namespace {
+
+/// The windows on the screen; menus and tool tips are windows of their own kind and none of ours.
+QList<QPointer<QWidget>> OpenWindows() {
+  QList<QPointer<QWidget>> windows;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    const Qt::WindowType type = window->windowType();
+    if (window->isVisible() && (type == Qt::Window || type == Qt::Dialog)) windows << window;
+  }
+  return windows;
+}
+
+std::string SectionOf(const std::string& kind) {
+  return kind + "Startup";
+}
+
+}  // namespace
+
+QtWorkbench::QtWorkbench(HydroInput& hydro, ProjectData& project, Ui& ui, Settings& settings)
+    : hydro_(hydro), project_(project), ui_(ui), settings_(settings) {}
+
+void QtWorkbench::AddEditor(const std::string& kind, Instances instances, EditorFactory factory) {
+  editors_[kind] = {instances, std::move(factory), {}};
+}
+
+void QtWorkbench::SetProjectWindow(QWidget* window, std::function<void()> refresh) {
+  projectWindow_ = window;
+  refresh_ = std::move(refresh);
+}
+
+bool QtWorkbench::OffersEditor(const std::string& kind) const {
+  return editors_.contains(kind);
+}
+
+void QtWorkbench::FileEdit(const EditRequest& request) {
+  Trap trap(ui_, "FileEdit");
+  std::optional<EditRequest> prepared;
+  QPointer<EditorWindow> window;
+  trap.Run([&] { prepared = PrepareFileEdit(request, hydro_, project_, ui_); });
+  if (!prepared || !OffersEditor(prepared->Kind)) return;
+  trap.Run([&] { window = ShowEditor(prepared->Kind); });
+  trap.Run([&] {
+    if (window) window->Initialize(*prepared);
+  });
+}
+
+EditorWindow* QtWorkbench::ShowEditor(const std::string& kind) {
+  Editor& editor = editors_.at(kind);
+  QPointer<EditorWindow> window = editor.Open;
+  if (!window) {
+    window = editor.Factory();
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    PlaceWindow(*window, settings_, SectionOf(kind));
+    StoreOnClosing(*window, kind);
+    if (editor.Count == Instances::One) editor.Open = window;
+  } else {
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+  }
+  window->show();
+  window->raise();
+  window->activateWindow();
+  ui_.DoEvents();
+  return window;
+}
+
+void QtWorkbench::StoreOnClosing(EditorWindow& window, const std::string& kind) {
+  QObject::connect(&window, &EditorWindow::Closing, &window, [this, &window, kind] {
+    const WindowPosition position = PositionOf(window);
+    if (position.State == WindowState::Normal) StorePosition(settings_, SectionOf(kind), position);
+    // It lives on until the event loop comes round; the next file is not to go to it.
+    Editor& editor = editors_[kind];
+    if (editor.Open == &window) editor.Open.clear();
+  });
+}
+
+bool QtWorkbench::CloseOtherWindows() {
+  const QString spared = projectWindow_ ? projectWindow_->windowTitle() : QString();
+  for (const QPointer<QWidget>& window : OpenWindows()) {
+    if (window && window->windowTitle() != spared && !window->close()) return false;
+  }
+  return true;
+}
+
+void QtWorkbench::RefreshProjectWindow() {
+  if (refresh_) refresh_();
+}
+
+bool FileAlreadyOpen(const QString& caption, Ui& ui) {
+  const auto hasCaption = [&](const QPointer<QWidget>& window) {
+    return window->windowTitle() == caption;
+  };
+  if (std::ranges::count_if(OpenWindows(), hasCaption) <= 1) return false;
+  ui.ShowMessage({.Text = "You can open a given file only once per session."});
+  return true;
+}
+
+}  // namespace lomaris
