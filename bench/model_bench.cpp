@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 

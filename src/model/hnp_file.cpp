@@ -1,5 +1,6 @@
 #include "model/hnp_file.h"
 
+#include <limits>
 #include <unordered_map>
 
 #include <fmt/format.h>

@@ -1,5 +1,7 @@
 #include "model/hnp_file.h"
 
+#include <limits>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
