@@ -1,7 +1,7 @@
 #include "core/profile.h"
 
 #define SI_NO_CONVERSION   // text is UTF-8 on both sides
-#define SI_IMPLEMENTATION  // the bodies of the templates, which no other file needs
+#define SI_IMPLEMENTATION  // the bodies of the templates
 #include <SimpleIni.h>
 
 #include "core/encoding.h"

@@ -1,6 +1,7 @@
 #include "model/hnp_file.h"
 
 #include <limits>
+#include <set>
 #include <unordered_map>
 
 #include <fmt/format.h>
@@ -76,11 +77,14 @@ void ReadBranch(ReaderState& in, BranchRec& branch) {
   for (XSectRec& xsect : branch.XSects) ReadXSect(in, xsect);
 }
 
-void ReadNetwork(ReaderState& in, HydroInput& hydro,
-                 const BoundedArray<BranchBCFiles>& boundaryFiles) {
+/// Returns the numbers of the branches, which address the records.
+std::set<int> ReadNetwork(ReaderState& in, HydroInput& hydro,
+                          const BoundedArray<BranchBCFiles>& boundaryFiles) {
+  std::set<int> numbers;
   for (int i = 1; i <= hydro.BranchCount; ++i) {
     std::int16_t number = 0;
     in.ReadCountedLine(number);
+    numbers.insert(number);
     BranchRec& branch = hydro.Branches[number];
     branch = {};
     ReadBranch(in, branch);
@@ -88,6 +92,23 @@ void ReadNetwork(ReaderState& in, HydroInput& hydro,
     branch.DSFile = boundaryFiles[i].Downstream;
   }
   hydro.XSectCount = TotalXSects(hydro);
+  return numbers;
+}
+
+/// A branch number that stands twice, or beyond the count of branches, leaves a gap in the network,
+/// and the next save would write the gap. That is told as soon as the file has been read.
+void TellOfGaps(const HydroInput& hydro, const std::set<int>& numbers, Ui& ui) {
+  if (static_cast<int>(numbers.size()) == hydro.BranchCount &&
+      (numbers.empty() || *numbers.rbegin() == hydro.BranchCount)) {
+    return;
+  }
+  ui.ShowMessage(
+      {.Text = fmt::format("The branches of file {} are not numbered from 1 to {}, each number "
+                           "once. Branches are missing from the network that was read; do not save "
+                           "it over this file before the numbers have been corrected.",
+                           hydro.FileName, hydro.BranchCount),
+       .Title = "Warning",
+       .BoxIcon = Icon::Warning});
 }
 
 // --- Writing
@@ -206,9 +227,10 @@ bool LoadHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::str
   HydroInput loaded;
   BoundedArray<BranchBCFiles> boundaryFiles = project.BCFilesH;
   boundaryFiles.Resize(kMostBranches);
+  std::set<int> numbers;
   const bool read = ReadInputFile(*path, name, ui, [&](ReaderState& in) {
     ReadHead(in, loaded, ui);
-    ReadNetwork(in, loaded, boundaryFiles);
+    numbers = ReadNetwork(in, loaded, boundaryFiles);
     return true;
   });
   if (!read) return false;
@@ -219,6 +241,7 @@ bool LoadHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::str
   loaded.XSGFile = project.XSGFileH;
   hydro = std::move(loaded);
   project.BCFilesH = std::move(boundaryFiles);
+  TellOfGaps(hydro, numbers, ui);
   return true;
 }
 

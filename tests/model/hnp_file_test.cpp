@@ -203,6 +203,19 @@ TEST(HydroFile, TakesBranchesByNumberAndTheirBoundaryFilesByPlace) {
   EXPECT_EQ(hydro.Branches[1].DSFile, "tail.bcf");
 }
 
+TEST(HydroFile, WarnsOfBranchNumbersThatLeaveAGap) {
+  const TempFolder folder;
+  for (const char* number : {" 1 ", " 3 "}) {
+    folder.Write("a.hnp",
+                 ReplaceAll(kSample, "\r\n 2 \r\nSide", std::string("\r\n") + number + "\r\nSide"));
+    ScriptedUi ui;
+    HydroInput hydro;
+    ProjectData project;
+    EXPECT_TRUE(LoadHNPFile(hydro, project, ui, "a.hnp"));
+    EXPECT_THAT(ui.LastMessage(), HasSubstr("a.hnp are not numbered from 1 to 2")) << number;
+  }
+}
+
 TEST(HydroFile, NewAndEmptyFilesAreNoFailure) {
   const TempFolder folder;
   ScriptedUi ui;

@@ -19,6 +19,7 @@
 #include "windows/core/help_window.h"
 #include "windows/core/menu_status.h"
 #include "windows/core/themed_icon.h"
+#include "windows/core/whats_this.h"
 #include "windows/core/window_placement.h"
 #include "windows/workspace/ui_frm_project.h"
 
@@ -95,6 +96,7 @@ frmProject::frmProject(ProjectData& project, HydroInput& hydro, const Tables& ta
   OfferFileList();
   ConnectSlots();
   SubscribeMenuStatus(*this);
+  ApplyWhatsThis(*this);
   workbench.SetProjectWindow(this, [this] { desk_.LoadForm(); });
   setMinimumSize(size());
   desk_.Start();
