@@ -127,7 +127,7 @@ std::size_t FieldLength(std::string_view mask) {
 /// At least two digits of a number, as the date text takes them. A negative one keeps its sign, so
 /// that the text is no date.
 std::string TwoDigits(float number) {
-  const auto whole = static_cast<int>(std::max(number, -99.0F));
+  const int whole = number > -99 ? static_cast<int>(number) : -99;  // the latter for NaN, too
   return whole < 0 ? std::to_string(whole) : fmt::format("{:02}", whole);
 }
 
