@@ -200,16 +200,5 @@ TEST_F(ProjectWindow, ReadsTheNetworkForItsTab) {
   EXPECT_FALSE(Action("mnuEditItem3")->isEnabled()) << "names are replaced on the files tab only";
 }
 
-TEST_F(ProjectWindow, EveryInputHasAKeyboardPathANameAndAHint) {
-  MakeWindow();
-  for (const QWidget* widget :
-       window->findChildren<QWidget*>(QRegularExpression("^(txt|cbo|btn).*"))) {
-    const std::string name = widget->objectName().toStdString();
-    EXPECT_NE(widget->focusPolicy() & Qt::TabFocus, 0) << name;
-    EXPECT_FALSE(widget->toolTip().isEmpty()) << name;
-    EXPECT_FALSE(widget->accessibleName().isEmpty()) << name;
-  }
-}
-
 }  // namespace
 }  // namespace lomaris

@@ -77,55 +77,40 @@ TEST(GlobalReplace, LeavesWeatherAndOtherFilesAndEmptySlots) {
   EXPECT_EQ(project, expected);
 }
 
-TEST(FileEdit, CutsRemarksAndFindsTheType) {
-  ScriptedUi ui;
-  HydroInput hydro;
-  hydro.HydroLoaded = true;
-  ProjectData project;
-  const auto prepare = [&](const EditRequest& request) {
-    return PrepareFileEdit(request, hydro, project, ui);
-  };
-  EXPECT_EQ(prepare({.FileName = "a.bcf     (US Branch 1)"}),
-            (EditRequest{.FileName = "a.bcf", .Kind = "BCF"}));
-  EXPECT_EQ(prepare({.Kind = "LAT", .Slot = 2}), (EditRequest{.Kind = "LAT", .Slot = 2}));
-  EXPECT_EQ(prepare({.FileName = "  "}), std::nullopt);
-  EXPECT_TRUE(ui.Messages.empty());
-}
-
-TEST(FileEdit, NeedsTheNetworkForFilesThatAreTiedToIt) {
+TEST(FileEdit, CutsRemarksAndNeedsTheNetworkForFilesTiedToIt) {
   const TempFolder folder;
   ScriptedUi ui;
   HydroInput hydro;
   ProjectData project;
   project.HydroFile = "river.hnp";
-  EXPECT_TRUE(PrepareFileEdit({.FileName = "a.xsg"}, hydro, project, ui).has_value());
-  for (const char* name : {"a.qnp", "a.lat", "a.wit", "a.pow", "a.met", "a.bcf", "a.bmd"}) {
-    EXPECT_FALSE(PrepareFileEdit({.FileName = name}, hydro, project, ui).has_value()) << name;
+  const auto prepare = [&](const EditRequest& request) {
+    return PrepareFileEdit(request, hydro, project, ui);
+  };
+  EXPECT_EQ(prepare({.FileName = "  "}), std::nullopt);
+  EXPECT_EQ(prepare({.FileName = "a.xsg (old)"}),
+            (EditRequest{.FileName = "a.xsg", .Kind = "XSG"}));
+  EXPECT_TRUE(ui.Messages.empty());
+  for (const char* kind : {"QNP", "LAT", "WIT", "POW", "MET", "BCF", "BMD"}) {
+    EXPECT_EQ(prepare({.Kind = kind}), std::nullopt) << kind;
     EXPECT_EQ(ui.LastMessage(),
               "Unable to load hydrodynamic file named \"river.hnp\". You cannot edit auxiliary "
               "files without specifying a valid HNP file in the project editor.");
-    EXPECT_EQ(ui.Messages.back().Title, "Edit Auxiliary File");
   }
   folder.Write("river.hnp", "A river\r\n");
-  EXPECT_TRUE(PrepareFileEdit({.FileName = "a.lat"}, hydro, project, ui).has_value());
+  EXPECT_TRUE(prepare({.FileName = "a.lat"}).has_value());
   EXPECT_EQ(hydro.Title, "A river");
 }
 
 TEST(ShellDocument, TellsWhyItFailed) {
   ScriptedUi ui;
   FakeShell shell;
-  const std::pair<int, const char*> results[] = {{2, "File not found"},
-                                                 {31, "No association for file extension"},
-                                                 {32, "DLL not found"},
-                                                 {7, "Unknown error"}};
-  for (const auto& [result, text] : results) {
+  for (const int result : {31, 32, 7, 33}) {
     shell.Result = result;
     ShellDocument("a.doc", shell, ui);
-    EXPECT_EQ(ui.LastMessage(), std::string(text) + "\r\n\r\nDocument: a.doc");
   }
-  shell.Result = 33;
-  ShellDocument("a.doc", shell, ui);
-  EXPECT_EQ(ui.Messages.size(), std::size(results));
+  ASSERT_EQ(ui.Messages.size(), 3u);
+  EXPECT_EQ(ui.Messages[0].Text, "No association for file extension\r\n\r\nDocument: a.doc");
+  EXPECT_EQ(ui.Messages[2].Text, "Unknown error\r\n\r\nDocument: a.doc");
 }
 
 }  // namespace

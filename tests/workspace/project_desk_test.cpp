@@ -45,6 +45,10 @@ TEST_F(DeskTest, AsksBeforeItGivesUpUnsavedChanges) {
   EXPECT_EQ(ui.Messages.back().BoxButtons, Buttons::YesNoCancel);
   EXPECT_TRUE(view.ProjectOpen);
 
+  workbench.LetClose = false;
+  ui.Answers = {Answer::No};
+  EXPECT_FALSE(desk.QueryUnload()) << "an editor stays open";
+  workbench.LetClose = true;
   ui.Answers = {Answer::Yes};
   EXPECT_TRUE(desk.Close());
   EXPECT_THAT(folder.Read("one.prj"), HasSubstr("\r\nchanged\r\n"));
@@ -52,14 +56,6 @@ TEST_F(DeskTest, AsksBeforeItGivesUpUnsavedChanges) {
   EXPECT_EQ(view.Title, "Lomaris");
   EXPECT_FALSE(view.ProjectOpen);
   EXPECT_EQ(project, ProjectData());
-}
-
-TEST_F(DeskTest, StaysOpenWhileAnEditorStays) {
-  ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
-  workbench.LetClose = false;
-  EXPECT_FALSE(desk.QueryUnload());
-  EXPECT_FALSE(desk.Close());
-  EXPECT_TRUE(view.ProjectOpen);
 }
 
 TEST_F(DeskTest, AProjectThatCannotBeReadIsNotOverwritten) {
@@ -123,14 +119,6 @@ TEST_F(DeskTest, KeepsTheNameWhenASaveFails) {
   EXPECT_EQ(project.FileName, folder.Path("one.prj"));
   EXPECT_TRUE(project.Dirty);
   EXPECT_EQ(view.Title, "Lomaris - " + folder.Path("one.prj"));
-}
-
-TEST_F(DeskTest, ReplacesInAllNamesAndShowsThem) {
-  ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "C:\\Old\\one.hnp")));
-  ui.Texts = {"c:\\old\\", "river/"};
-  desk.Replace();
-  EXPECT_EQ(view.Shown.Texts[kHydroSlot], "river/one.hnp");
-  EXPECT_TRUE(project.Dirty);
 }
 
 TEST_F(DeskTest, EditsWhatASlotNames) {
@@ -224,19 +212,6 @@ TEST_F(DeskTest, FindsTheOutputBesideTheInput) {
   desk.OpenOutputFile(1);
   ASSERT_EQ(shell.Opened.size(), 1u);
   EXPECT_THAT(shell.Opened[0], testing::EndsWith("out_runs/one.out"));
-}
-
-TEST_F(DeskTest, KeepsAListOfOtherFiles) {
-  ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
-  ui.Files = {{"a.txt", "b.txt"}};
-  desk.BrowseOtherFiles();
-  desk.AddOtherFiles({"B.TXT", "c.txt"});
-  desk.CloseOtherFile(0);
-  EXPECT_THAT(view.Shown.OtherFiles, ElementsAre("b.txt", "c.txt"));
-  EXPECT_EQ(project.OtherCount, 2);
-  EXPECT_TRUE(project.Dirty);
-  desk.RunOtherFile(1);
-  EXPECT_THAT(shell.Opened, ElementsAre("c.txt"));
 }
 
 }  // namespace

@@ -57,18 +57,6 @@ TEST(ProjectForm, GivesTheRecordBackThatItShows) {
   EXPECT_TRUE(ui.Messages.empty());
 }
 
-TEST(ProjectForm, ShowsAllNamesForNoFileAsNotSpecified) {
-  ScriptedUi ui;
-  for (const char* name : {"", "None", " null ", "(NOT SPECIFIED)"}) {
-    ProjectData project;
-    project.WitFileH = name;
-    project.BCFilesH[3].Upstream = name;
-    const ProjectForm form = FormOf(project, ui);
-    EXPECT_EQ(form.Texts[3], "(Not Specified)") << name;
-    EXPECT_TRUE(form.Lists[kBoundarySlotH].Rows.empty()) << name;
-  }
-}
-
 TEST(ProjectForm, RefusesABranchAbove20AndLeavesTheRecord) {
   ProjectForm form;
   form.Description = "changed";
