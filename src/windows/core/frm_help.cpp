@@ -1,6 +1,7 @@
 #include "windows/core/frm_help.h"
 
 #include <QCloseEvent>
+#include <QScrollBar>
 #include <QShortcut>
 #include <algorithm>
 
@@ -51,6 +52,11 @@ void frmHelp::ShowTopic(int topic) {
   } else {
     ui_->txtPage->setSource(UrlOf(*page));
   }
+}
+
+void frmHelp::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) ShowPageAgain();
+  QWidget::changeEvent(event);
 }
 
 void frmHelp::closeEvent(QCloseEvent* event) {
@@ -127,6 +133,13 @@ void frmHelp::MarkHits() {
     }
   }
   ui_->txtPage->setExtraSelections(hits);
+}
+
+/// A page keeps the colours that links and hits had when it was loaded.
+void frmHelp::ShowPageAgain() {
+  const int place = ui_->txtPage->verticalScrollBar()->value();
+  ui_->txtPage->reload();
+  ui_->txtPage->verticalScrollBar()->setValue(place);
 }
 
 }  // namespace lomaris

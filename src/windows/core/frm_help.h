@@ -27,6 +27,7 @@ class frmHelp : public QWidget {
   void ShowTopic(int topic);
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -36,6 +37,7 @@ class frmHelp : public QWidget {
   void ShowListedPage(int row);
   void SelectInList(const QUrl& shown);
   void MarkHits();
+  void ShowPageAgain();
 
   std::unique_ptr<::Ui::frmHelp> ui_;
   Settings& settings_;
