@@ -14,17 +14,14 @@
 namespace lomaris {
 namespace {
 
-using testing::ElementsAre;
-
 /// An editor as they all are: its caption is made from the file's name.
 class FakeEditor : public EditorWindow {
  public:
-  FakeEditor(lomaris::Ui& ui, std::vector<std::string>& opened) : ui_(ui), opened_(opened) {}
+  explicit FakeEditor(lomaris::Ui& ui) : ui_(ui) { resize(300, 200); }
 
   void Initialize(const EditRequest& request) override {
     if (request.FileName == "bad.xsg") throw RuntimeError(ErrorNumber::TypeMismatch);
-    opened_.push_back(request.FileName);
-    setWindowTitle(ToQt("Editor - " + request.FileName));
+    setWindowTitle(ToQt(request.FileName));
     if (FileAlreadyOpen(windowTitle(), ui_)) close();
   }
 
@@ -35,17 +32,12 @@ class FakeEditor : public EditorWindow {
 
  private:
   lomaris::Ui& ui_;
-  std::vector<std::string>& opened_;
 };
 
 class WorkbenchTest : public testing::Test {
  protected:
   WorkbenchTest() {
-    const auto factory = [this] {
-      last = new FakeEditor(ui, opened);
-      last->resize(300, 200);
-      return last.data();
-    };
+    const auto factory = [this] { return last = new FakeEditor(ui); };
     workbench.AddEditor("HNP", Instances::One, factory);
     workbench.AddEditor("XSG", Instances::Many, factory);
     projectWindow.setWindowTitle("Lomaris - a.prj");
@@ -53,62 +45,54 @@ class WorkbenchTest : public testing::Test {
     workbench.SetProjectWindow(&projectWindow, [] {});
   }
   ~WorkbenchTest() override {
-    if (last) last->Stays = false;
     workbench.CloseOtherWindows();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  int OpenEditors() const {
-    return static_cast<int>(std::ranges::count_if(QApplication::topLevelWidgets(), [](QWidget* w) {
-      return qobject_cast<EditorWindow*>(w) != nullptr && w->isVisible();
-    }));
+  /// Captions of the editors on the screen after another file has been opened.
+  std::multiset<std::string> OpenAfter(const std::string& file) {
+    workbench.FileEdit({.FileName = file});
+    std::multiset<std::string> captions;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+      if (qobject_cast<const EditorWindow*>(window) != nullptr && window->isVisible()) {
+        captions.insert(FromQt(window->windowTitle()));
+      }
+    }
+    return captions;
   }
 
   ScriptedUi ui;
   FakeSettings settings;
   HydroInput hydro;
   ProjectData project;
-  std::vector<std::string> opened;
   QPointer<FakeEditor> last;
   QWidget projectWindow;
   QtWorkbench workbench{hydro, project, ui, settings};
 };
+using Captions = std::multiset<std::string>;
 
 TEST_F(WorkbenchTest, SharesOneWindowOrMakesOnePerFile) {
-  EXPECT_FALSE(workbench.OffersEditor("QNP"));
-  workbench.FileEdit({.FileName = "a.hnp"});
-  const EditorWindow* hydroEditor = last;
-  workbench.FileEdit({.FileName = "B.HNP (upstream)"});
-  EXPECT_EQ(last, hydroEditor);
-  workbench.FileEdit({.FileName = "a.xsg"});
-  workbench.FileEdit({.FileName = "b.xsg"});
-  EXPECT_EQ(OpenEditors(), 3);
-  workbench.FileEdit({.FileName = "a.xsg"});
-  EXPECT_EQ(OpenEditors(), 3) << "the second window of a file closes itself";
+  EXPECT_EQ(OpenAfter("a.hnp"), Captions({"a.hnp"}));
+  EXPECT_EQ(OpenAfter("B.HNP (upstream)"), Captions({"B.HNP"}));
+  EXPECT_EQ(OpenAfter("a.xsg"), Captions({"B.HNP", "a.xsg"}));
+  EXPECT_EQ(OpenAfter("b.xsg"), Captions({"B.HNP", "a.xsg", "b.xsg"}));
+  EXPECT_EQ(OpenAfter("a.xsg"), Captions({"B.HNP", "a.xsg", "b.xsg"}));
   EXPECT_EQ(ui.LastMessage(), "You can open a given file only once per session.");
-  workbench.FileEdit({.FileName = " "});
-  EXPECT_THAT(opened, ElementsAre("a.hnp", "B.HNP", "a.xsg", "b.xsg", "a.xsg"));
-
+  EXPECT_EQ(OpenAfter("a.qnp"), Captions({"B.HNP", "a.xsg", "b.xsg"})) << "has no editor";
   EXPECT_TRUE(workbench.CloseOtherWindows());
-  EXPECT_EQ(OpenEditors(), 0);
   EXPECT_TRUE(projectWindow.isVisible());
-  workbench.FileEdit({.FileName = "c.hnp"});  // the closed window is not deleted yet
-  EXPECT_EQ(OpenEditors(), 1);
+  EXPECT_EQ(OpenAfter("c.hnp"), Captions({"c.hnp"})) << "the closed window is not deleted yet";
 }
 
 TEST_F(WorkbenchTest, ReportsAFailureAndLetsTheUserTryAgain) {
   ui.Answers = {Answer::Retry, Answer::Abort};
-  workbench.FileEdit({.FileName = "bad.xsg"});
+  EXPECT_EQ(OpenAfter("bad.xsg").size(), 1U);
   EXPECT_EQ(ui.Messages.size(), 2U);
   EXPECT_THAT(ui.LastMessage(), testing::HasSubstr("in procedure \"FileEdit\""));
-  EXPECT_EQ(OpenEditors(), 1);
 }
 
 TEST_F(WorkbenchTest, PlacesEditorsAsTheyStoodAndStopsWhereOneStays) {
-  settings.Values = {{{"XSGStartup", "Left"}, "1500"},
-                     {{"XSGStartup", "Top"}, "750"},
-                     {{"XSGStartup", "Width"}, "6000"},
-                     {{"XSGStartup", "Height"}, "4500"}};
+  StorePosition(settings, "XSGStartup", {1500, 750, 6000, 4500});
   workbench.FileEdit({.FileName = "a.xsg"});
   EXPECT_EQ(QRect(last->pos(), last->size()), QRect(100, 50, 400, 300));
   last->Stays = true;
@@ -117,62 +101,52 @@ TEST_F(WorkbenchTest, PlacesEditorsAsTheyStoodAndStopsWhereOneStays) {
   last->move(20, 30);
   EXPECT_TRUE(workbench.CloseOtherWindows());
   EXPECT_EQ((settings.Values[{"XSGStartup", "Left"}]), "300");
-  EXPECT_EQ((settings.Values[{"XSGStartup", "WindowState"}]), "0");
-
   workbench.FileEdit({.FileName = "b.xsg"});
   last->showMaximized();
   workbench.CloseOtherWindows();
   EXPECT_EQ((settings.Values[{"XSGStartup", "Left"}]), "300") << "of a normal window only";
+  EXPECT_EQ((settings.Values[{"XSGStartup", "WindowState"}]), "0");
 }
 
 TEST(WindowPlacement, BringsAWindowOntoAScreenThatIsThere) {
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
   FakeSettings settings;
-  settings.Values = {{{"MainStartup", "Left"}, "900000"},
-                     {{"MainStartup", "Top"}, "-3000"},
-                     {{"MainStartup", "Width"}, "6000"},
-                     {{"MainStartup", "WindowState"}, "2"}};
+  StorePosition(settings, "MainStartup", {900'000, -3000, 6000, 4500});
+  StorePosition(settings, "MainStartup", {.State = WindowState::Maximised});
   QWidget window;
-  window.resize(500, 300);
   PlaceWindow(window, settings, "MainStartup");
-  EXPECT_EQ(window.pos(), QPoint(screen.right() + 1 - 400, screen.top()));
-  EXPECT_EQ(window.size(), QSize(400, 300));
+  EXPECT_EQ(window.geometry(), QRect(screen.right() + 1 - 400, screen.top(), 400, 300));
   EXPECT_TRUE(window.isMaximized());
   window.show();
-  const WindowPosition maximised = PositionOf(window);
-  EXPECT_EQ(maximised.State, WindowState::Maximised);
-  EXPECT_EQ(maximised.Width, 6000) << "its size when it is not";
+  EXPECT_EQ(PositionOf(window).Width, 6000) << "its size when it is not maximised";
 }
 
 TEST(Main, DoesWithoutItsHelpFileAfterOneWarning) {
   const TempFolder folder;
   ScriptedUi ui;
   FakeSettings settings;
-  settings.Values[{"MainStartup", "Width"}] = "6000";
+  StorePosition(settings, "MainStartup", {0, 0, 6000, 4500});
   Tables tables;
-  const auto factory = [&]() -> std::unique_ptr<QWidget> {
-    EXPECT_EQ(tables.MetShort[1], "Cloud") << "tables come before the first window";
-    auto window = std::make_unique<QWidget>();
-    window->setWindowTitle("Lomaris");
-    return window;
+  const auto start = [&](const ProjectWindowFactory& loadProjectWindow) {
+    return Main(tables, loadProjectWindow, ui, settings, ToQt(folder.Path()));
   };
-  auto window = Main(tables, factory, ui, settings, ToQt(folder.Path()));
+  const auto loadProjectWindow = [&] {
+    EXPECT_EQ(tables.MetShort[1], "Cloud") << "tables come before the first window";
+    return std::make_unique<QWidget>();
+  };
+  const auto window = start(loadProjectWindow);
   EXPECT_TRUE(window->isVisible());
   EXPECT_EQ(window->width(), 400);
-  ASSERT_EQ(ui.Messages.size(), 1U);
-  EXPECT_EQ(ui.Messages[0].Title, "Error");
-  EXPECT_EQ(ui.Messages[0].Text,
+  EXPECT_EQ(ui.LastMessage(),
             "Warning: cannot find Lomaris.hlp in the program directory; context-sensitive help "
             "will not be available.");
   folder.Write("Lomaris.hlp", "");
-  window = Main(tables, factory, ui, settings, ToQt(folder.Path()));
+  start(loadProjectWindow);
   EXPECT_EQ(ui.Messages.size(), 1U);
-
   ui.Answers = {Answer::Abort};
-  const auto failing = []() -> std::unique_ptr<QWidget> {
-    throw RuntimeError(ErrorNumber::OutOfMemory);
-  };
-  EXPECT_EQ(Main(tables, failing, ui, settings, ToQt(folder.Path())), nullptr);
+  EXPECT_EQ(
+      start([]() -> std::unique_ptr<QWidget> { throw RuntimeError(ErrorNumber::OutOfMemory); }),
+      nullptr);
 }
 
 }  // namespace
