@@ -47,10 +47,11 @@ void RoundTrip(const std::uint8_t* data, std::size_t size, const Record& fresh, 
     return;
   }
   if (!save(first, file)) return;
+  const std::string bytes = ReadWholeFile(file);
   Record second = fresh;
   Require(load(second, file));
   Require(save(second, file));
-  const std::string bytes = ReadWholeFile(file);
+  Require(ReadWholeFile(file) == bytes);
   Record third = fresh;
   Require(load(third, file));
   Require(third == second);

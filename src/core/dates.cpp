@@ -185,13 +185,14 @@ std::optional<ModelDateTime> ParseDate(std::string_view text) {
   }
   DateCursor iso = in;
   std::optional<ModelDateTime> date = IsoDate(iso);
-  if (date) {
+  const bool isIso = date.has_value();
+  if (isIso) {
     in = iso;
   } else {
     date = SlashDate(in);
   }
   if (!date || in.AtEnd()) return date;
-  if (!in.Blanks() && !in.Symbol('T')) return std::nullopt;
+  if (!in.Blanks() && !(isIso && in.Symbol('T'))) return std::nullopt;
   const std::optional<ModelDateTime> time = TimeOfDay(in);
   if (!time) return std::nullopt;
   return *date + *time;

@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::string_view kSeparators = "\\/";
 constexpr std::size_t kLongestTempPath = 512;
-constexpr off_t kLargestFile = off_t{1} << 30;
+constexpr off_t kLargestFile = off_t{256} << 20;
 
 /// An open file descriptor that closes itself.
 class OpenFile {
@@ -82,6 +82,7 @@ std::optional<fs::path> ExistingPath(const fs::path& path) {
     if (!entry) return std::nullopt;
     found = *std::move(entry);
   }
+  if (!fs::exists(found, failed)) return std::nullopt;  // a link to nowhere
   return found;
 }
 
@@ -148,14 +149,15 @@ class LeftOver {
   std::string path_;
 };
 
-void KeepBackup(const std::string& path, Disk& disk) {
+/// `path` is the name under which the file is known, `target` the file itself.
+void KeepBackup(const std::string& path, const std::string& target, Disk& disk) {
   const std::string backup = BackupName(path);
   std::error_code failed;
-  if (backup == path || !fs::exists(path, failed)) return;
+  if (backup == path || !fs::exists(target, failed)) return;
   // Stays behind when the backup is already this very file: then a rename does nothing.
   const LeftOver link(disk, backup + "~new");
   disk.Remove(link.Path());
-  disk.Link(path, link.Path());
+  disk.Link(target, link.Path());
   disk.Rename(link.Path(), backup);
 }
 
@@ -209,8 +211,11 @@ std::optional<std::string> FindFile(std::string_view name, std::string_view besi
 }
 
 std::string TargetPath(std::string_view name, std::string_view besideFile) {
-  if (std::optional<std::string> found = FindFile(name, besideFile)) return *std::move(found);
-  const fs::path path = PlatformPath(Trim(name));
+  // What is found in the current directory alone may belong to another project.
+  fs::path path = PlatformPath(Trim(name));
+  if (path.empty()) return {};
+  if (path.is_relative()) path = PlatformPath(FolderOf(besideFile)) / path;
+  if (std::optional<std::string> found = FindFile(path.string())) return *std::move(found);
   const std::optional<fs::path> folder = ExistingPath(path.parent_path());
   return (folder ? *folder / path.filename() : path).string();
 }
@@ -229,7 +234,7 @@ std::string ReadWholeFile(const std::string& path) {
   if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0) throw FileError(errno, path);
   CheckPlainFile(status, path);
   if (status.st_size > kLargestFile) {
-    throw RuntimeError(ErrorNumber::OutOfMemory, path + " is larger than 1 GB");
+    throw RuntimeError(ErrorNumber::OutOfMemory, path + " is larger than 256 MB");
   }
   std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
   std::size_t size = 0;
@@ -248,9 +253,10 @@ std::string Disk::WriteBeside(const std::string& path, std::string_view bytes) {
   CheckReplaceable(path);
   std::string name = path + "~XXXXXX";
   OpenFile file(::mkstemp(name.data()));
-  if (!file.IsOpen()) throw FileError(errno, path);
+  if (!file.IsOpen()) throw FileError(errno == ENOENT ? ENOTDIR : errno, path);
   try {
-    if (::fchmod(file.Get(), ModeFor(path)) != 0) throw FileError(errno, path);
+    // A disk that knows no permissions, or whose files belong to somebody else, has its own.
+    static_cast<void>(::fchmod(file.Get(), ModeFor(path)));
     WriteAll(file.Get(), bytes, path);
     if (::fsync(file.Get()) != 0 || !file.Close()) throw FileError(errno, path);
   } catch (...) {
@@ -298,7 +304,7 @@ void WriteWholeFile(const std::string& path, std::string text, Backup backup, Di
   const std::string target = notThere ? path : real.string();
 
   LeftOver beside(disk, disk.WriteBeside(target, FileFromText(std::move(text))));
-  if (backup == Backup::OneGeneration) KeepBackup(target, disk);
+  if (backup == Backup::OneGeneration) KeepBackup(path, target, disk);
   disk.Rename(beside.Path(), target);
   beside.Release();
   disk.FlushFolder(target);

@@ -26,8 +26,9 @@ std::string BackupName(std::string_view fileName);
 /// the project, then from the current directory. A folder is no file.
 std::optional<std::string> FindFile(std::string_view name, std::string_view besideFile = {});
 
-/// The path that a save to `name` writes: the existing file that `FindFile` gives, else the name
-/// with the separators of this platform, in the existing folder that it means.
+/// The path that a save to `name` writes: the existing file that it means without regard to case,
+/// else the name with the separators of this platform. A name that is not absolute lies in the
+/// folder of `besideFile`; in the current directory where that has none.
 std::string TargetPath(std::string_view name, std::string_view besideFile = {});
 
 /// Moves the current directory to the folder of a file; a folder that is not there is left alone.
@@ -36,7 +37,7 @@ void MoveToFolderOf(std::string_view fileName);
 // --- Content.
 
 /// All bytes of a file. Throws RuntimeError with the file's name: 53 when it is not there, 70 when
-/// it may not be read, 75 when it is a folder or a device, 7 when it is larger than 1 GB, 57 and
+/// it may not be read, 75 when it is a folder or a device, 7 when it is larger than 256 MB, 57 and
 /// others when the disk fails.
 std::string ReadWholeFile(const std::string& path);
 

@@ -227,7 +227,7 @@ void AppendNumber(std::string& out, std::int64_t value) {
 }
 
 std::string PrintedNumber(std::int64_t value) {
-  std::string text = " ";
+  std::string text(value < 0 ? "" : " ");
   AppendNumber(text, value);
   return text + " ";
 }

@@ -40,7 +40,8 @@ inline std::int32_t ToNumber<std::int32_t>(std::string_view text) {
 /// True when `ToDouble` would take the text.
 bool IsNumeric(std::string_view text);
 
-/// Text to number, by numeric value: the longest number at the start, blanks skipped; else 0.
+/// Text to number, by numeric value: the longest number at the start, behind blanks; else 0. Error
+/// 6 for one that is too large.
 double NumericValue(std::string_view text);
 
 /// Number to text: the shortest that holds the value, at most 7 significant digits (32-bit) or 15
@@ -64,7 +65,8 @@ std::string NumberText(T value) {
   return text;
 }
 
-/// A number printed alone on its line: a blank before and after it.
+/// A number printed alone on its line: a blank behind it, and one before it where a minus sign
+/// would stand.
 std::string PrintedNumber(std::int64_t value);
 
 /// With exactly two decimals, and a zero before the point. Error 6 for no finite number.

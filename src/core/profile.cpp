@@ -23,7 +23,7 @@ void PutProfileString(const std::string& file, const std::string& section, const
     }
   }
   std::string content;
-  if (profile.SetValue(section.c_str(), key.c_str(), value.c_str()) < 0 ||
+  if (profile.SetValue(section.c_str(), key.c_str(), JoinLines(value).c_str()) < 0 ||
       profile.Save(content) < 0) {
     throw RuntimeError(ErrorNumber::OutOfMemory);
   }

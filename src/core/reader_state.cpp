@@ -22,7 +22,8 @@ void ReaderState::NextLine() {
   std::size_t end = text_.find('\n', place_);
   if (end == std::string::npos) end = text_.size();
   CurrentLine = std::string_view(text_).substr(place_, end - place_);
-  if (CurrentLine.ends_with('\r')) CurrentLine.remove_suffix(1);
+  // Some transfers leave a carriage return too many.
+  while (CurrentLine.ends_with('\r')) CurrentLine.remove_suffix(1);
   place_ = end + 1;
   ++LineNumber;
 }
@@ -54,9 +55,11 @@ std::int32_t ReaderState::Plausible(std::int32_t count, std::size_t shortest) co
 
 ReaderState::Fields ReaderState::SplitAtTabs() const {
   Fields fields;
-  fields.Count = SplitFields(
-      CurrentLine, '\t', kMostFields, kMostFields, ui_,
-      [&](std::size_t place, std::string_view field, bool) { fields.Set(place, field); });
+  fields.Count = SplitFields(CurrentLine, '\t', kMostFields, kMostFields, ui_,
+                             [&](std::size_t place, std::string_view field) {
+                               fields.Set(place, field);
+                               return true;
+                             });
   return fields;
 }
 
@@ -72,10 +75,9 @@ ReaderState::Fields ReaderState::SplitAtBlanks() const {
     const char* const start = c;
     while (c != end && !IsBlank(*c)) ++c;
     if (fields.Count == kMostFields) {
-      std::string collapsed(CurrentLine);
-      const std::string_view line = CollapseWhitespace(collapsed);
-      SplitFields(line, '\t', kMostFields, kMostFields, ui_,
-                  [](std::size_t, std::string_view, bool) {});
+      // Only a last field too many has a box of its own, which shows the line as it stands.
+      if (std::all_of(c, end, IsBlank)) ThrowArrayBoundsExceeded(CurrentLine, kMostFields, ui_);
+      throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     }
     fields.Set(fields.Count++, {start, static_cast<std::size_t>(c - start)});
   }

@@ -105,8 +105,6 @@ class ReaderState {
 /// True for the number 1, and for ".TRUE." and "TRUE" in any case.
 bool IsTrue(std::string_view field);
 
-// ---------------------------------------------------------------------------------------------
-
 /// Assigns a field by the variable's type.
 template <class Variable>
 void Assign(std::string_view field, Variable& variable) {

@@ -29,6 +29,14 @@ constexpr std::array kErrors = {
     ErrorEntry{ErrorNumber::PathNotFound, "Path not found"},
 };
 
+/// The fixed text of an error number, such as "Type mismatch" for 13.
+std::string_view ErrorText(ErrorNumber number) {
+  for (const ErrorEntry& entry : kErrors) {
+    if (entry.Number == number) return entry.Text;
+  }
+  return "Application-defined or object-defined error";
+}
+
 std::string Describe(ErrorNumber number, std::string_view detail) {
   std::string text(ErrorText(number));
   if (!detail.empty()) text.append(": ").append(detail);
@@ -59,13 +67,6 @@ ErrorNumber NumberOf(int errnoValue) {
 }
 
 }  // namespace
-
-std::string_view ErrorText(ErrorNumber number) {
-  for (const ErrorEntry& entry : kErrors) {
-    if (entry.Number == number) return entry.Text;
-  }
-  return "Application-defined or object-defined error";
-}
 
 RuntimeError::RuntimeError(ErrorNumber number, std::string_view detail)
     : std::runtime_error(Describe(number, detail)), number_(number) {}

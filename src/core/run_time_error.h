@@ -24,9 +24,6 @@ enum class ErrorNumber : int {
   PathNotFound = 76,
 };
 
-/// The fixed text of an error number, such as "Type mismatch" for 13.
-std::string_view ErrorText(ErrorNumber number);
-
 /// A failure that a person is told of: a classic number and a text that is ready to be shown.
 class RuntimeError : public std::runtime_error {
  public:

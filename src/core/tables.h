@@ -27,9 +27,7 @@ struct Tables {
 
 /// Positions in `FileFilter` behind those of the file slots.
 inline constexpr int kProjectFilter = 10;
-inline constexpr int kImportFilter = 11;
 inline constexpr int kBinaryFilter = 12;
-inline constexpr int kConfigurationFilter = 13;
 
 /// Builds the tables. Called at start, before the first window.
 Tables InitTables(Ui& ui);

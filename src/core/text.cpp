@@ -93,6 +93,7 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
 
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
   std::string out;
+  if (from.empty()) return std::string(text);
   for (std::size_t found; (found = text.find(from)) != std::string_view::npos;) {
     out.append(text.substr(0, found)).append(to);
     text.remove_prefix(found + from.size());

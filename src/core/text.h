@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <vector>
 
 #include "core/bounded_array.h"
 #include "core/error_report.h"
@@ -65,10 +64,10 @@ T Min(T a, T b) {
 std::string Shown(std::string_view text, std::size_t most = 2000);
 
 /// Splits `text`, its trailing delimiters removed, at each `delimiter` into at most `capacity`
-/// pieces, and hands each to `store(place from 0, piece, whether it is the last)`. There is no
-/// quoting; two delimiters in a row make an empty field, and an empty text makes one.
-/// Returns the number of fields. Error 9 when there are more than `capacity`; where it is the last
-/// field that is too many, a box that shows the text and `upperBound` comes first.
+/// pieces, and hands each to `store(place from 0, piece)`, which may end the work by giving false.
+/// There is no quoting; two delimiters in a row make an empty field, and an empty text makes one.
+/// Returns the number of fields that were taken. Error 9 when there are more than `capacity`; where
+/// it is the last field that is too many, a box that shows the text and `upperBound` comes first.
 template <class Store>
 std::size_t SplitFields(std::string_view text, char delimiter, std::size_t capacity,
                         std::int64_t upperBound, Ui& ui, Store&& store);
@@ -86,8 +85,6 @@ std::string_view LastField(std::string_view field);
 template <class T>
 void BreakApart(std::string& text, BoundedArray<T>& fields, int& count, char delimiter, Ui& ui);
 
-// ---------------------------------------------------------------------------------------------
-
 /// The box that says that a line has more fields than its array, then error 9.
 [[noreturn]] void ThrowArrayBoundsExceeded(std::string_view text, std::int64_t upperBound, Ui& ui);
 
@@ -104,12 +101,11 @@ std::size_t SplitFields(std::string_view text, char delimiter, std::size_t capac
   std::size_t count = 0;
   for (std::size_t end; (end = rest.find(delimiter)) != std::string_view::npos; ++count) {
     if (count >= capacity) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    store(count, rest.substr(0, end), false);
+    if (!store(count, rest.substr(0, end))) return count;
     rest.remove_prefix(end + 1);
   }
   if (count >= capacity) ThrowArrayBoundsExceeded(whole, upperBound, ui);
-  store(count, LastField(rest), true);
-  return count + 1;
+  return store(count, LastField(rest)) ? count + 1 : count;
 }
 
 /// `ToNumber` for an element of an array; a text stays as it is.
@@ -129,17 +125,12 @@ void BreakApart(std::string& text, BoundedArray<T>& fields, int& count, char del
   count = 0;
   text.resize(WithoutTrailing(text, delimiter).size());
   Trap trap(ui, "BreakApart");
-  int stored = 0;
-  bool left = false;
-  const auto store = [&](std::size_t place, std::string_view field, bool) {
-    if (left) return;
+  const auto store = [&](std::size_t place, std::string_view field) {
     const std::int64_t index = fields.LowerBound() + static_cast<std::int64_t>(place);
-    left = trap.Run([&] { fields[index] = ToElement<T>(field); }) == StepEnd::Left;
-    if (!left) ++stored;
+    return trap.Run([&] { fields[index] = ToElement<T>(field); }) != StepEnd::Left;
   };
-  SplitFields(text, delimiter, static_cast<std::size_t>(fields.Count()), fields.UpperBound(), ui,
-              store);
-  count = stored;
+  count = static_cast<int>(SplitFields(text, delimiter, static_cast<std::size_t>(fields.Count()),
+                                       fields.UpperBound(), ui, store));
 }
 
 }  // namespace lomaris

@@ -15,8 +15,8 @@ enum class FieldKind : int {
 };
 
 /// Checks the text of an input field and rewrites it in its kind's form. False: the user has been
-/// told, and the focus belongs back in the field. `besideFile` is where a file name without a
-/// directory is looked up after the current directory: the project file.
+/// told, and the focus belongs back in the field. `besideFile` is the project file, beside which a
+/// file name is looked up.
 bool Validated(std::string& text, FieldKind kind, Ui& ui, const std::string& besideFile = {});
 
 }  // namespace lomaris

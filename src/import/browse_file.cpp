@@ -31,6 +31,7 @@ std::vector<std::string> BrowseFiles(BrowseRequest& request, Ui& ui, Settings& s
   if (request.Filter == kAllTables) request.Filter = kAllTablesFilter;
   const std::string programSection(kApplicationTitle);
   const std::string initialFolder = FolderOf(request.FileName);
+  // A file that is to be opened must exist; of one that is to be saved, the folder.
   const std::vector<std::string> chosen = ui.AskFile({
       .Title = request.Title,
       .Filter = request.Filter,

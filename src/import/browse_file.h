@@ -21,7 +21,7 @@ struct BrowseRequest {
 /// The program's general dialog for opening and saving a file. Returns the chosen file, or the
 /// initial one when cancelled. `request.Filter` "(All Database Tables)" is replaced by the list of
 /// all kinds of tables. The dialog starts in the folder of the initial file, or where the last one
-/// ended.
+/// ended. For one file: `MultiSelect` is for `BrowseFiles`.
 std::string BrowseFile(BrowseRequest& request, Ui& ui, Settings& settings);
 
 /// The same for several files; empty when cancelled.

@@ -28,10 +28,11 @@ void ReadBoundaryList(ReaderState& in, BoundedArray<BranchBCFiles>& files, std::
   numbers.Resize(numberCount);
 
   for (int i = 1; i <= count; ++i) {
+    const std::string name = TrimField(in.ReadRawLine());
     const std::int16_t number = ToInteger(numbers[i]);
     const int branch = std::abs(int{number});
     BranchBCFiles& ends = files[branch];
-    (number > 0 ? ends.Upstream : ends.Downstream) = Trim(in.ReadRawLine());
+    (number > 0 ? ends.Upstream : ends.Downstream) = name;
     highest = Max(highest, static_cast<std::int16_t>(branch));
   }
 }

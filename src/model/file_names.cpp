@@ -11,17 +11,17 @@ constexpr std::string_view kNoFileOnDisk = "NULL";
 }  // namespace
 
 bool NamesAFile(std::string_view name) {
-  const std::string upper = UpperCase(Trim(name));
+  const std::string upper = UpperCase(TrimField(name));
   return !upper.empty() && upper != "NONE" && upper != kNoFileOnDisk && upper != "(NOT SPECIFIED)";
 }
 
 std::string NormaliseFileName(std::string_view name, bool forDisplay) {
-  if (NamesAFile(name)) return std::string(Trim(name));
+  if (NamesAFile(name)) return TrimField(name);
   return std::string(forDisplay ? kNotSpecified : kNoFileOnDisk);
 }
 
 std::string FileNameLine(std::string_view name) {
-  return NormaliseFileName(TrimField(name), false);
+  return NormaliseFileName(name, false);
 }
 
 }  // namespace lomaris

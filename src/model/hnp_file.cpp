@@ -44,17 +44,19 @@ char ReadType(ReaderState& in) {
   return static_cast<unsigned char>(type.front()) < 0x80 ? type.front() : '?';
 }
 
+/// An empty file is an empty record; one that breaks off in its head is none.
 void ReadHead(ReaderState& in, HydroInput& hydro, Ui& ui) {
+  if (in.AtEnd()) return;
   double total = 0;  // whatever it says: it is summed anew
   DateFields start;
   DateFields end;
   in.ReadLine(hydro.Title);
-  in.ReadLine(total, hydro.BranchCount, start.Year, start.Month, start.Day, start.Hour, end.Year,
-              end.Month, end.Day, end.Hour, hydro.SeedYear);
+  in.ReadCountedLine(total, hydro.BranchCount, start.Year, start.Month, start.Day, start.Hour,
+                     end.Year, end.Month, end.Day, end.Hour, hydro.SeedYear);
   CheckedCount(hydro.BranchCount, kMostBranches);
   hydro.StartDate = ComposedDate(start, ui);
   hydro.EndDate = ComposedDate(end, ui);
-  in.ReadLine(hydro.Beta, hydro.Gravity, hydro.MileAtBottom, hydro.Theta, hydro.Tolerance);
+  in.ReadCountedLine(hydro.Beta, hydro.Gravity, hydro.MileAtBottom, hydro.Theta, hydro.Tolerance);
   ReadStepTable(in, hydro.PrintStepCount, hydro.PrintSteps, ui);
   ReadStepTable(in, hydro.TimeStepCount, hydro.TimeSteps, ui);
 }
@@ -130,7 +132,8 @@ bool HasDuplicateName(const HydroInput& hydro, Ui& ui) {
           {.Text = fmt::format("Cross section {} ({}) in branch {} ({}) was also found in branch "
                                "{} ({}), cross section {}.\r\n\r\nDuplicate cross section names "
                                "are not allowed.",
-                               j, name, i, hydro.Branches[i].Name, k, hydro.Branches[k].Name, l),
+                               j, TrimField(name), i, hydro.Branches[i].Name, k,
+                               hydro.Branches[k].Name, l),
            .Title = "Error"});
       return true;
     }
@@ -141,7 +144,7 @@ bool HasDuplicateName(const HydroInput& hydro, Ui& ui) {
 void AppendHead(std::string& out, const HydroInput& hydro, Ui& ui) {
   const DateFields start = BrokenUpDate(hydro.StartDate, ui);
   const DateFields end = BrokenUpDate(hydro.EndDate, ui);
-  AppendLine(out, JoinLines(hydro.Title));
+  AppendLine(out, Trim(JoinLines(hydro.Title)));
   AppendRow(out, TotalXSects(hydro), hydro.BranchCount, start.Year, start.Month, start.Day,
             start.Hour, end.Year, end.Month, end.Day, end.Hour, hydro.SeedYear);
   AppendRow(out, hydro.Beta, hydro.Gravity, hydro.MileAtBottom, hydro.Theta, hydro.Tolerance);
@@ -192,7 +195,7 @@ std::string HydroText(const HydroInput& hydro, Ui& ui) {
 /// Moves a name into the project. True when it names another file now.
 bool TakeName(std::string& mine, const std::string& theirs) {
   const bool changed = NormaliseFileName(mine, true) != NormaliseFileName(theirs, true);
-  mine = theirs;
+  mine = TrimField(theirs);
   return changed;
 }
 

@@ -36,8 +36,8 @@ namespace lomaris {
 /// Fills `hydro` anew from a file; the branch with number i in the file is `Branches[i]`, wherever
 /// it stands, while its boundary files are those that the project has for its place in the file.
 /// A blank name, and a name of no existing file (which is told), load nothing and are a success: a
-/// new file is an ordinary outcome. A name without a directory is looked up beside the project as
-/// well. On success the project's list of boundary files has a place for every branch.
+/// new file is an ordinary outcome. A name that is not absolute is looked up beside the
+/// project first. On success the project's list of boundary files has a place for every branch.
 ///
 /// False, with both records as they were, when the file cannot be read; the user has been told by
 /// then.

@@ -49,6 +49,7 @@ class ProjectReader {
   void ReadSection() {
     std::string line;
     in_.ReadLine(line);
+    line = TrimField(line);
     for (const Section& section : kSections) {
       const std::size_t length = section.Keyword.size();
       if (!EqualIgnoringCase(std::string_view(line).substr(0, length), section.Keyword)) continue;
@@ -78,10 +79,11 @@ class ProjectReader {
     in_.ReadLine(count);
     CheckedCount(count, kMostMetFiles);
     project_.MetCount = 0;
+    project_.MetFiles = BoundedArray<std::string>(1, kMostMetFiles);
     while (project_.MetCount < count) {
       std::string name;
       in_.ReadCountedLine(name);
-      project_.MetFiles[++project_.MetCount] = name;
+      project_.MetFiles[++project_.MetCount] = TrimField(name);
     }
     project_.LatFileQ = ReadFileName();
     project_.PowFileQ = ReadFileName();
@@ -145,7 +147,7 @@ std::string ProjectText(const ProjectData& project) {
   AppendLine(out, "");
 
   AppendLine(out, kDescription);
-  AppendLine(out, JoinLines(project.Description));
+  AppendLine(out, Trim(JoinLines(project.Description)));
   AppendLine(out, "");
 
   AppendLine(out, kOtherFiles);

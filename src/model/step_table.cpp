@@ -13,12 +13,13 @@ ModelDateTime ComposedDate(DateFields fields, Ui& ui) {
 DateFields BrokenUpDate(ModelDateTime dateTime, Ui& ui) {
   DateFields fields;
   ConvertDateTime(fields.Year, fields.Month, fields.Day, fields.Hour, dateTime, true, ui);
+  if (fields.Month == 0) throw RuntimeError(ErrorNumber::Overflow, "a date that no file can hold");
   return fields;
 }
 
 void ReadStepTable(ReaderState& in, std::int16_t& count, BoundedArray<TimeStepEntry>& steps,
                    Ui& ui) {
-  in.ReadLine(count);
+  in.ReadCountedLine(count);
   CheckedCount(count, static_cast<int>(steps.UpperBound()));
   for (int i = 1; i <= count; ++i) {
     DateFields start;

@@ -22,7 +22,7 @@ struct DateFields {
 /// The date-time of four fields; 0 when they make none, of which the user is told.
 ModelDateTime ComposedDate(DateFields fields, Ui& ui);
 
-/// The four fields of a date-time.
+/// The four fields of a date-time. Error 6 when it has none, of which the user is told before.
 DateFields BrokenUpDate(ModelDateTime dateTime, Ui& ui);
 
 // A table of steps in a file: their number alone on a line, then one line a step with year, month,

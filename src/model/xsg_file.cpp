@@ -1,5 +1,7 @@
 #include "model/xsg_file.h"
 
+#include <algorithm>
+
 #include "core/encoding.h"
 #include "model/input_file.h"
 
@@ -7,7 +9,7 @@ namespace lomaris {
 namespace {
 
 constexpr std::string_view kNoDescription = "Unknown";
-constexpr std::size_t kMostWords = 100;
+constexpr int kMostWords = 100;
 constexpr int kNameWidth = 8;
 constexpr std::string_view kBehindName = "    ";
 constexpr std::size_t kShortestEntry = 4;  // "A", "0" and their line ends
@@ -18,12 +20,13 @@ bool ReadNameLine(ReaderState& in, LibrarySection& section, Ui& ui) {
   std::string line(in.ReadRawLine());
   CollapseWhitespace(line);
   SplitFields(line, '\t', kMostWords, kMostWords, ui,
-              [&](std::size_t place, std::string_view word, bool) {
+              [&](std::size_t place, std::string_view word) {
                 if (place == 0) {
                   section.Name = TrimField(word);
                 } else {
                   section.Description.append(word).append(1, ' ');
                 }
+                return true;
               });
   if (section.Description.empty()) section.Description = kNoDescription;
   return !section.Name.empty();
@@ -36,11 +39,13 @@ void ReadPoints(ReaderState& in, LibrarySection& section) {
 }
 
 bool ReadLibrary(ReaderState& in, XSectLibrary& library, Ui& ui) {
+  if (in.AtEnd()) return true;  // an empty file is an empty library
   for (std::string& title : library.Title) in.ReadLine(title);
-  in.ReadLine(library.XSectCount);
-  library.XSects =
-      BoundedArray<LibrarySection>(1, in.Plausible(library.XSectCount, kShortestEntry));
-  for (LibrarySection& section : library.XSects) {
+  in.ReadCountedLine(library.XSectCount);
+  in.Plausible(library.XSectCount, kShortestEntry);
+  for (int i = 1; i <= library.XSectCount; ++i) {
+    library.XSects.Resize(i);  // as they come: a count is cheaper to write than its entries
+    LibrarySection& section = library.XSects[i];
     if (!ReadNameLine(in, section, ui)) {
       ui.ShowMessage({.Text = "Invalid input reading cross section name and description."});
       return false;
@@ -72,15 +77,28 @@ void AppendSection(std::string& out, const LibrarySection& section) {
   }
 }
 
+/// Refuses an entry that the reader would refuse, or take for another.
+void CheckReadable(const LibrarySection& section, int number) {
+  const std::string who = "cross section " + NumberText(number) + " of the library ";
+  const std::string name = TrimField(section.Name);
+  if (name.empty()) throw RuntimeError(ErrorNumber::InvalidCall, who + "has no name");
+  if (name.find(' ') != std::string::npos) {
+    throw RuntimeError(ErrorNumber::InvalidCall, who + "has a blank in its name, " + name);
+  }
+  std::string words = section.Description;
+  CollapseWhitespace(words);
+  if (std::count(words.begin(), words.end(), '\t') + 2 > kMostWords) {
+    throw RuntimeError(ErrorNumber::InvalidCall, who + "has a description of more than " +
+                                                     NumberText(kMostWords - 1) + " words");
+  }
+}
+
 std::string LibraryText(const XSectLibrary& library) {
   std::string out;
-  for (const std::string& title : library.Title) AppendLine(out, JoinLines(title));
+  for (const std::string& title : library.Title) AppendLine(out, Trim(JoinLines(title)));
   AppendLine(out, PrintedNumber(library.XSectCount));
   for (int i = 1; i <= library.XSectCount; ++i) {
-    if (TrimField(library.XSects[i].Name).empty()) {
-      throw RuntimeError(ErrorNumber::InvalidCall,
-                         "cross section " + NumberText(i) + " of the library has no name");
-    }
+    CheckReadable(library.XSects[i], i);
     AppendSection(out, library.XSects[i]);
   }
   return out;

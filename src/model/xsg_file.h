@@ -23,8 +23,8 @@ namespace lomaris {
 // description at all. So a library that was read once comes back from every save as it was.
 
 /// Fills `library` anew from a file. A blank name, and a name of no existing file (which is told),
-/// load nothing and are a success. A name without a directory is looked up beside the project as
-/// well.
+/// load nothing and are a success. A name that is not absolute is looked up beside the
+/// project first.
 ///
 /// False, with `library` as it was, when the file cannot be read; the user has been told by then.
 bool LoadXSGFile(XSectLibrary& library, const ProjectData& project, Ui& ui,

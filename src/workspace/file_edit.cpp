@@ -10,18 +10,24 @@ namespace {
 
 constexpr std::string_view kTypesOnNetwork = ".QNP.LAT.WIT.POW.MET.BCF.BMD";
 
-/// A missing file would be taken as a new one by the reader; here it is no network.
+/// True for the types of file that are tied to the network: they are edited only while a
+/// hydrodynamic file is loaded.
+bool NeedsNetwork(std::string_view kind) {
+  return kind.size() == 3 &&
+         kTypesOnNetwork.find("." + std::string(kind)) != std::string_view::npos;
+}
+
+/// A missing file would be taken as a new one by the reader; here it is no network. The network in
+/// memory counts when it is that of the file which the project names, or has unsaved changes.
 bool LoadNetwork(HydroInput& hydro, ProjectData& project, Ui& ui) {
-  if (hydro.HydroLoaded) return true;
-  return FindFile(project.HydroFile, project.FileName) &&
-         LoadHNPFile(hydro, project, ui, project.HydroFile) && hydro.HydroLoaded;
+  if (hydro.HydroLoaded && hydro.Dirty) return true;
+  const std::optional<std::string> named = FindFile(project.HydroFile, project.FileName);
+  if (!named) return false;
+  if (hydro.HydroLoaded && FindFile(hydro.FileName, project.FileName) == named) return true;
+  return LoadHNPFile(hydro, project, ui, project.HydroFile) && hydro.HydroLoaded;
 }
 
 }  // namespace
-
-bool NeedsNetwork(std::string_view kind) {
-  return kTypesOnNetwork.find("." + std::string(kind)) != std::string_view::npos;
-}
 
 std::optional<EditRequest> PrepareFileEdit(EditRequest request, HydroInput& hydro,
                                            ProjectData& project, Ui& ui) {

@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "core/ports/ui.h"
 #include "core/ports/workbench.h"
@@ -10,10 +9,6 @@
 #include "model/project_data.h"
 
 namespace lomaris {
-
-/// True for the types of file that are tied to the network: they are edited only while a
-/// hydrodynamic file is loaded.
-bool NeedsNetwork(std::string_view kind);
 
 /// What is to be done before a file is opened in its editor. A name may carry a remark in brackets,
 /// which is cut off; its last three characters are its type. A type that needs the network has the

@@ -4,7 +4,7 @@
 
 #include "core/files.h"
 #include "core/text.h"
-#include "model/prj_file.h"
+#include "model/file_names.h"
 #include "workspace/file_slots.h"
 
 namespace lomaris {
@@ -12,7 +12,7 @@ namespace lomaris {
 FoundFiles FilesFoundBy(const ProjectData& project) {
   FoundFiles found;
   const auto look = [&](const std::string& name) {
-    if (NormaliseFileName(name, true) == kNotSpecified) return;
+    if (!NamesAFile(name)) return;
     const std::optional<std::string> path = FindFile(name, project.FileName);
     std::error_code failed;
     found[name] = path ? std::filesystem::canonical(*path, failed).string() : std::string();

@@ -1,5 +1,8 @@
 #include "workspace/project_desk.h"
 
+#include <filesystem>
+#include <utility>
+
 #include <fmt/format.h>
 
 #include "core/error_report.h"
@@ -7,6 +10,7 @@
 #include "core/save_file.h"
 #include "core/text.h"
 #include "import/browse_file.h"
+#include "model/file_names.h"
 #include "model/hnp_file.h"
 #include "model/prj_file.h"
 #include "workspace/found_files.h"
@@ -18,6 +22,12 @@ namespace {
 
 constexpr const char* kWebSite = "https://www.tavresk.example/";
 constexpr const char* kTechSupport = "mailto:support@tavresk.example";
+
+bool FolderExists(const std::string& fileName) {
+  std::error_code failed;
+  return std::filesystem::is_directory(std::filesystem::path(TargetPath(fileName)).parent_path(),
+                                       failed);
+}
 
 }  // namespace
 
@@ -45,12 +55,23 @@ void ProjectDesk::Start() {
 
 void ProjectDesk::LoadForm() {
   Run("LoadForm", [&] {
-    view_.ShowForm(FormOf(around_.Project, around_.Screen), !around_.Project.FileName.empty());
+    const ProjectForm form = FormOf(around_.Project, around_.Screen);
+    StoreOtherFiles(form, around_.Project);  // what is gone has been told, once
+    view_.ShowForm(form, !around_.Project.FileName.empty());
   });
 }
 
-void ProjectDesk::SaveForm() {
-  Run("SaveForm", [&] { StoreForm(view_.Form(), around_.Project); });
+bool ProjectDesk::SaveForm() {
+  return RunAction("SaveForm", [&] {
+    StoreForm(view_.Form(), around_.Project);
+    return true;
+  });
+}
+
+/// The record follows each edit, so that an editor's refresh of the window loses none.
+void ProjectDesk::FieldEdited() {
+  MarkDirty();
+  SaveForm();
 }
 
 void ProjectDesk::MarkDirty() {
@@ -74,15 +95,17 @@ bool ProjectDesk::Replaceable() {
 
 bool ProjectDesk::LoadProject(const std::string& fileName) {
   ProjectData& project = around_.Project;
-  nameNotLoaded_ = !LoadPRJFile(project, around_.Screen, fileName);
-  if (nameNotLoaded_) {
-    project.FileName = fileName;
+  if (!LoadPRJFile(project, around_.Screen, fileName)) {
+    nameNotLoaded_ = fileName;
     return false;
   }
+  nameNotLoaded_.clear();
+  nameOnDisk_ = project.FileName;
   MoveToFolderOf(fileName);
   // The network in memory belongs to the former project; no file of this one may be read with it.
   around_.Hydro = HydroInput();
   LoadForm();
+  view_.ShowFilesTab();
   project.Dirty = false;
   ShowCaption();
   return true;
@@ -97,27 +120,32 @@ void ProjectDesk::ShowCaption() {
 
 bool ProjectDesk::Open() {
   return RunAction("mnuFileOpen_Click", [&] {
+    if (!SaveFirst()) return false;
     BrowseRequest request{.Filter = around_.SharedTables.FileFilter[kProjectFilter],
                           .Title = "Open"};
     const std::vector<std::string> chosen = BrowseFiles(request, around_.Screen, around_.Store);
-    return !chosen.empty() && OpenProject(chosen.front());
+    return !chosen.empty() && around_.Windows.CloseOtherWindows() && OpenChosen(chosen.front());
   });
 }
 
 bool ProjectDesk::OpenProject(const std::string& fileName) {
-  return RunAction("mnuFileOpen_Click", [&] {
-    if (!Replaceable() || !LoadProject(fileName)) return false;
-    recent_.AddToMRU(fileName);
-    KeepRecent();
-    return true;
-  });
+  return RunAction("mnuFileOpen_Click", [&] { return Replaceable() && OpenChosen(fileName); });
+}
+
+bool ProjectDesk::OpenChosen(const std::string& fileName) {
+  if (!LoadProject(fileName)) return false;
+  recent_.AddToMRU(fileName);
+  KeepRecent();
+  return true;
 }
 
 bool ProjectDesk::OpenRecent(std::size_t index) {
   return RunAction("mnuFileMRU_Click", [&] {
-    if (index >= recent_.Names().size() || !Replaceable()) return false;
-    const bool loaded = LoadProject(std::string(recent_.Names()[index]));
-    recent_.MoveMRUToTop(index);
+    if (index >= recent_.Names().size()) return false;
+    const std::string name = recent_.Names()[index];  // a save on the way may move the list
+    if (!Replaceable()) return false;
+    const bool loaded = LoadProject(name);
+    recent_.AddToMRU(name);
     KeepRecent();
     return loaded;
   });
@@ -127,21 +155,40 @@ bool ProjectDesk::SaveProject(bool saveAs) {
   return RunAction("SaveProject", [&] { return WriteProject(saveAs); });
 }
 
+/// Empty when the user does not want to save after all.
+std::string ProjectDesk::NameToSaveUnder(bool saveAs) {
+  const std::string& name = around_.Project.FileName;
+  const bool moved = name != nameOnDisk_;
+  const bool ask =
+      saveAs || !nameNotLoaded_.empty() || name.empty() || (moved && !FolderExists(name));
+  if (!ask) return !moved || MayOverwrite(name) ? name : std::string();
+  const std::string& proposal = nameNotLoaded_.empty() ? name : nameNotLoaded_;
+  return SaveFile(around_.SharedTables.FileFilter[kProjectFilter],
+                  proposal.empty() ? "*.prj" : proposal, 0, "Save As", name, around_.Screen,
+                  around_.Store);
+}
+
+/// Whether a name that a replacement has made may be saved under: a file that stands there already
+/// is another project, or an older state of this one.
+bool ProjectDesk::MayOverwrite(const std::string& name) {
+  if (!FindFile(name)) return true;
+  return around_.Screen.ShowMessage(
+             {.Text = name + " already exists.\r\nDo you want to replace it?",
+              .Title = "Save As",
+              .BoxIcon = Icon::Warning,
+              .BoxButtons = Buttons::YesNo,
+              .DefaultAnswer = Answer::No}) == Answer::Yes;
+}
+
 bool ProjectDesk::WriteProject(bool saveAs) {
   ProjectData& project = around_.Project;
-  StoreForm(view_.Form(), project);
+  if (!SaveForm()) return false;
   const FoundFiles before = FilesFoundBy(project);
-  std::string name = project.FileName;
-  const bool ask = saveAs || nameNotLoaded_ || name.empty();
-  if (ask) {
-    name = SaveFile(around_.SharedTables.FileFilter[kProjectFilter], "*.prj", 0, "Save As", name,
-                    around_.Screen, around_.Store);
-    if (name.empty()) return false;
-  }
-  if (!SavePRJFile(project, around_.Screen, name)) return false;
+  const std::string name = NameToSaveUnder(saveAs);
+  if (name.empty() || !SavePRJFile(project, around_.Screen, name)) return false;
   project.FileName = name;
-  nameNotLoaded_ = false;
-  if (!ask) return true;
+  nameNotLoaded_.clear();
+  if (std::exchange(nameOnDisk_, name) == name) return true;
   ShowCaption();
   recent_.AddToMRU(name);
   KeepRecent();
@@ -159,7 +206,8 @@ bool ProjectDesk::Close() {
     if (!Replaceable()) return false;
     around_.Project = ProjectData();
     around_.Hydro = HydroInput();
-    nameNotLoaded_ = false;
+    nameNotLoaded_.clear();
+    nameOnDisk_.clear();
     LoadForm();
     around_.Project.Dirty = false;
     view_.SetCaption(std::string(kApplicationTitle));
@@ -173,8 +221,7 @@ bool ProjectDesk::QueryUnload() {
 
 void ProjectDesk::Replace() {
   Run("mnuEditItem_Click", [&] {
-    StoreForm(view_.Form(), around_.Project);
-    if (!GlobalReplace(around_.Project, around_.Screen)) return;
+    if (!SaveForm() || !GlobalReplace(around_.Project, around_.Screen)) return;
     MarkDirty();
     LoadForm();
     ShowCaption();
@@ -194,6 +241,11 @@ void ProjectDesk::AddOtherFiles(const std::vector<std::string>& paths) {
     bool added = false;
     for (const std::string& path : paths) added = AddOtherFile(form, path) || added;
     if (added) ShowChanged(form);
+    if (form.OtherFiles.size() == kMostOtherFiles && !paths.empty()) {
+      around_.Screen.ShowMessage({.Text = fmt::format("The list is full: a project has at most {} "
+                                                      "other files.",
+                                                      kMostOtherFiles)});
+    }
   });
 }
 
@@ -210,7 +262,9 @@ void ProjectDesk::RunOtherFile(std::size_t row) {
   Run("lvFileList_DblClick", [&] {
     const ProjectForm form = view_.Form();
     if (row >= form.OtherFiles.size()) return;
-    ShellDocument(form.OtherFiles[row], around_.Desktop, around_.Screen);
+    const std::string& path = form.OtherFiles[row];
+    ShellDocument(FindFile(path, around_.Project.FileName).value_or(path), around_.Desktop,
+                  around_.Screen);
   });
 }
 
@@ -220,14 +274,13 @@ std::string ProjectDesk::LoadNetwork() {
     SaveForm();
     HydroInput& hydro = around_.Hydro;
     const std::string& name = around_.Project.HydroFile;
-    if (NormaliseFileName(name, true) == kNotSpecified) return;
+    if (!NamesAFile(name)) return;
+    text = "The network could not be read from " + name + ".";
+    if (!FindFile(name, around_.Project.FileName)) return;
     // Changes that wait in the editor are not read over.
-    if (!hydro.Dirty && !LoadHNPFile(hydro, around_.Project, around_.Screen, name)) {
-      text = "The network could not be read from " + name + ".";
-    } else {
-      text = fmt::format("{}: {} branches, {} cross sections.\nThe network is not drawn yet.",
-                         hydro.FileName, hydro.BranchCount, hydro.XSectCount);
-    }
+    if (!hydro.Dirty && !LoadHNPFile(hydro, around_.Project, around_.Screen, name)) return;
+    text = fmt::format("{}: {} branches, {} cross sections.\nThe network is not drawn yet.",
+                       hydro.FileName, hydro.BranchCount, hydro.XSectCount);
   });
   return text;
 }

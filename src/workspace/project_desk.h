@@ -43,10 +43,11 @@ class ProjectDesk {
 
   /// Between the record and the window.
   void LoadForm();
-  void SaveForm();
+  /// False: the record could not take what the window shows.
+  bool SaveForm();
 
   /// The user has changed a field.
-  void MarkDirty();
+  void FieldEdited();
 
   const RecentFiles& Recent() const { return recent_; }
 
@@ -98,6 +99,10 @@ class ProjectDesk {
   bool SaveFirst();
   bool Replaceable();
   bool LoadProject(const std::string& fileName);
+  bool OpenChosen(const std::string& fileName);
+  std::string NameToSaveUnder(bool saveAs);
+  bool MayOverwrite(const std::string& name);
+  void MarkDirty();
   bool WriteProject(bool saveAs);
   void ShowCaption();
   void KeepRecent();
@@ -115,9 +120,14 @@ class ProjectDesk {
   RecentFiles recent_;
   std::array<bool, kWarningCount> warned_{};  ///< each warning is shown once per session
 
-  /// The last load failed: the record then names a file whose content it does not hold, and a save
-  /// asks for the name first, so that it cannot be overwritten by mistake.
-  bool nameNotLoaded_ = false;
+  /// The name under which the project was read or written last; a replacement may change the one in
+  /// the record.
+  std::string nameOnDisk_;
+
+  /// The file of a load that failed; empty when it did not. It is the name that the next save
+  /// proposes: asked for, since that file holds something else and is not to be overwritten by
+  /// mistake. Until then the names of the project keep their meaning beside the former file.
+  std::string nameNotLoaded_;
 };
 
 }  // namespace lomaris

@@ -1,10 +1,11 @@
 #include "workspace/project_form.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "core/files.h"
 #include "core/text.h"
-#include "model/prj_file.h"
+#include "model/file_names.h"
 
 namespace lomaris {
 namespace {
@@ -16,17 +17,14 @@ SlotList ListOf(std::vector<std::string> rows) {
   return {std::move(rows), selected};
 }
 
-bool IsNamed(const std::string& name) {
-  return NormaliseFileName(name, true) != kNotSpecified;
-}
-
 std::vector<std::string> BoundaryRows(const BoundaryFiles& files) {
   std::vector<std::string> rows;
   int branch = 0;
   for (const BranchBCFiles& ends : files) {
     ++branch;
-    if (IsNamed(ends.Upstream)) rows.push_back(BoundaryRowText({ends.Upstream, true, branch}));
-    if (IsNamed(ends.Downstream)) rows.push_back(BoundaryRowText({ends.Downstream, false, branch}));
+    if (NamesAFile(ends.Upstream)) rows.push_back(BoundaryRowText({ends.Upstream, true, branch}));
+    if (NamesAFile(ends.Downstream))
+      rows.push_back(BoundaryRowText({ends.Downstream, false, branch}));
   }
   return rows;
 }
@@ -65,7 +63,11 @@ bool AddOtherFile(ProjectForm& form, std::string_view path) {
   const bool known =
       std::any_of(form.OtherFiles.begin(), form.OtherFiles.end(),
                   [&](const std::string& other) { return EqualIgnoringCase(other, name); });
-  if (known || form.OtherFiles.size() >= kMostOtherFiles) return false;
+  std::error_code failed;
+  if (known || form.OtherFiles.size() >= kMostOtherFiles ||
+      std::filesystem::is_directory(name, failed)) {
+    return false;
+  }
   form.OtherFiles.push_back(name);
   return true;
 }
@@ -91,10 +93,14 @@ ProjectForm FormOf(const ProjectData& project, Ui& ui) {
       ui.ShowMessage(
           {.Text = "File named " + path + " not found; it has been deleted from the list.",
            .Title = "Error",
-           .BoxIcon = Icon::Warning});
+           .BoxIcon = Icon::Critical});
     }
   }
   return form;
+}
+
+void StoreOtherFiles(const ProjectForm& form, ProjectData& project) {
+  project.OtherCount = StoreTexts(form.OtherFiles, project.OtherFiles);
 }
 
 void StoreForm(const ProjectForm& form, ProjectData& project) {
@@ -107,7 +113,7 @@ void StoreForm(const ProjectForm& form, ProjectData& project) {
   stored.BCCountH = StoreBoundaryRows(form.Lists[kBoundarySlotH].Rows, stored.BCFilesH);
   stored.BCCountQ = StoreBoundaryRows(form.Lists[kBoundarySlotQ].Rows, stored.BCFilesQ);
   stored.MetCount = StoreTexts(form.Lists[kMetSlot].Rows, stored.MetFiles);
-  stored.OtherCount = StoreTexts(form.OtherFiles, stored.OtherFiles);
+  StoreOtherFiles(form, stored);
   project = std::move(stored);
 }
 

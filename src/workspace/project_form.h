@@ -29,11 +29,14 @@ struct ProjectForm {
 };
 
 /// Adds the part of `path` before any NUL to the other files, unless it is there already in any
-/// case of letters. False when it is, or when the list is full.
+/// case of letters. False when it is, when it is a folder, or when the list is full.
 bool AddOtherFile(ProjectForm& form, std::string_view path);
 
 /// The record as the window shows it. Each other file that no longer exists is told of and dropped.
 ProjectForm FormOf(const ProjectData& project, Ui& ui);
+
+/// Puts the window's list of other files into the record.
+void StoreOtherFiles(const ProjectForm& form, ProjectData& project);
 
 /// Puts what the window shows into the record. Error 9 for a boundary file of a branch above 20;
 /// the record is then as it was.

@@ -19,6 +19,12 @@ class ProjectView {
   /// needs no project is offered.
   virtual void ShowForm(const ProjectForm& form, bool projectOpen) = 0;
 
+  /// Shows the tab of the files, ready for input.
+  virtual void ShowFilesTab() = 0;
+
+  /// Gives the focus to the control of a file slot.
+  virtual void FocusSlot(std::size_t slot) = 0;
+
   virtual std::string Caption() const = 0;
   virtual void SetCaption(const std::string& caption) = 0;
 

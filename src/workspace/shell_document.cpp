@@ -38,7 +38,10 @@ std::string FailureText(int result) {
 }  // namespace
 
 void ShellDocument(const std::string& path, Shell& shell, Ui& ui) {
-  const int result = shell.Open(path);
+  TellShellFailure(shell.Open(path), path, ui);
+}
+
+void TellShellFailure(int result, const std::string& path, Ui& ui) {
   if (result > kLargestFailure) return;
   ui.ShowMessage({.Text = FailureText(result) + "\r\n\r\nDocument: " + path});
 }

@@ -7,7 +7,9 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "import/browse_file.h"
+#include "model/file_names.h"
 #include "workspace/project_desk.h"
+#include "workspace/shell_document.h"
 
 namespace lomaris {
 namespace {
@@ -49,6 +51,13 @@ std::string ShownIn(const ProjectForm& form, std::size_t slot) {
   return kFileSlots[slot].IsList() ? RowOf(form.Lists[slot]) : form.Texts[slot];
 }
 
+/// The file that the slot names; empty for none.
+std::string NameIn(const ProjectForm& form, std::size_t slot) {
+  const std::string shown = ShownIn(form, slot);
+  if (IsBoundarySlot(slot)) return ParseBoundaryRow(shown).FileName;
+  return NamesAFile(shown) ? shown : std::string();
+}
+
 /// The place of an input file's kind among the slots, whose filters are in the same order.
 std::size_t SlotOfKind(std::string_view kind) {
   std::size_t slot = 0;
@@ -63,8 +72,8 @@ bool ProjectDesk::OffersEditor(std::string_view kind) const {
 }
 
 bool ProjectDesk::OffersEdit(const ProjectForm& form, std::size_t slot) const {
-  const bool named = kFileSlots[slot].IsList() ? !form.Lists[slot].Rows.empty()
-                                               : form.Texts[slot] != kNotSpecified;
+  const bool named =
+      kFileSlots[slot].IsList() ? !form.Lists[slot].Rows.empty() : NamesAFile(form.Texts[slot]);
   return named && OffersEditor(kFileSlots[slot].Kind);
 }
 
@@ -83,6 +92,7 @@ EditRequest ProjectDesk::RequestFor(const ProjectForm& form, std::size_t slot) c
 
 void ProjectDesk::EditInSlot(const EditRequest& request) {
   SaveForm();
+  view_.FocusSlot(static_cast<std::size_t>(request.Slot));
   around_.Windows.FileEdit(request);
   LoadForm();
 }
@@ -130,8 +140,7 @@ void ProjectDesk::SelectExisting(std::size_t slot) {
   Run("mnuOpenItem_Click", [&] {
     if (!WarnBeforeSelecting(slot)) return;
     ProjectForm form = view_.Form();
-    const std::string shown = ShownIn(form, slot);
-    if (kFileSlots[slot].IsList() && shown.empty()) {
+    if (kFileSlots[slot].IsList() && form.Lists[slot].Selected < 0) {
       around_.Screen.ShowMessage({.Text = "You must initially specify BCF and MET files using the "
                                           "HNP and/or QNP editors."});
       return;
@@ -139,7 +148,7 @@ void ProjectDesk::SelectExisting(std::size_t slot) {
     BrowseRequest request{
         .Filter = around_.SharedTables.FileFilter[static_cast<std::int64_t>(slot)],
         .Title = "Select Existing File",
-        .FileName = NameBeforeRemark(shown)};
+        .FileName = NameIn(form, slot)};
     const std::vector<std::string> chosen = BrowseFiles(request, around_.Screen, around_.Store);
     if (chosen.empty()) return;
     PutIntoSlot(form, slot, chosen.front());
@@ -196,12 +205,14 @@ void ProjectDesk::EditAside(const EditRequest& request) {
 
 void ProjectDesk::CreateInputFile(std::size_t index) {
   Run("mnuFileCreateItem_Click", [&] {
+    SaveForm();
     const EditRequest request{.Kind = std::string(kInputFileKinds[index])};
     if (request.Kind == "HNP") {
       EditAside(request);
     } else {
       around_.Windows.FileEdit(request);
     }
+    LoadForm();
   });
 }
 
@@ -241,11 +252,13 @@ void ProjectDesk::OpenOutputFile(std::size_t index) {
 void ProjectDesk::ShowOutput(std::string path, std::string_view kind) {
   path = ReplaceAll(UpperCase(path), kind, "out");
   const std::optional<std::string> found = FindFile(path, around_.Project.FileName);
-  if (!found || !around_.Desktop.OpenText(*found)) {
+  if (!found) {
     around_.Screen.ShowMessage({.Text = "Unable to find output file named " + path,
                                 .Title = "Lomaris",
                                 .BoxIcon = Icon::Critical});
+    return;
   }
+  TellShellFailure(around_.Desktop.OpenText(*found), *found, around_.Screen);
 }
 
 }  // namespace lomaris

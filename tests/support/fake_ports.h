@@ -33,17 +33,13 @@ class FakeWorkbench : public Workbench {
 class FakeShell : public Shell {
  public:
   int Result = 33;
-  bool TextOpens = true;
   std::vector<std::string> Opened;
 
   int Open(const std::string& document) override {
     Opened.push_back(document);
     return Result;
   }
-  bool OpenText(const std::string& fileName) override {
-    Opened.push_back(fileName);
-    return TextOpens;
-  }
+  int OpenText(const std::string& fileName) override { return Open(fileName); }
 };
 
 }  // namespace lomaris

@@ -179,6 +179,7 @@ TEST_F(ProjectWindow, OpensADroppedProjectAndListsOtherFiles) {
     data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
     QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     static_cast<QObject*>(window.get())->event(&event);  // the application wants a drag before it
+    QApplication::processEvents();                       // the work waits for the drop to end
   };
   drop(name);
   EXPECT_EQ(Find<QPlainTextEdit>("txtDescription")->toPlainText(), "dropped");

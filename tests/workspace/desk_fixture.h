@@ -19,12 +19,15 @@ class FakeView : public ProjectView {
   bool ProjectOpen = false;
   std::string Title = "Lomaris";
   std::vector<std::string> RecentNames;
+  std::size_t Focus = kFileSlotCount;
 
   ProjectForm Form() const override { return Shown; }
   void ShowForm(const ProjectForm& form, bool projectOpen) override {
     Shown = form;
     ProjectOpen = projectOpen;
   }
+  void ShowFilesTab() override {}
+  void FocusSlot(std::size_t slot) override { Focus = slot; }
   std::string Caption() const override { return Title; }
   void SetCaption(const std::string& caption) override { Title = caption; }
   void ShowRecent(const std::vector<std::string>& names) override { RecentNames = names; }

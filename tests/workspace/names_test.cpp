@@ -96,9 +96,9 @@ TEST(FileEdit, CutsRemarksAndNeedsTheNetworkForFilesTiedToIt) {
               "Unable to load hydrodynamic file named \"river.hnp\". You cannot edit auxiliary "
               "files without specifying a valid HNP file in the project editor.");
   }
-  folder.Write("river.hnp", "A river\r\n");
+  folder.Write("river.hnp", "");
   EXPECT_TRUE(prepare({.FileName = "a.lat"}).has_value());
-  EXPECT_EQ(hydro.Title, "A river");
+  EXPECT_EQ(hydro.FileName, "river.hnp");
 }
 
 TEST(ShellDocument, TellsWhyItFailed) {

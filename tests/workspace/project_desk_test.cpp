@@ -37,7 +37,7 @@ TEST_F(DeskTest, AsksBeforeItGivesUpUnsavedChanges) {
   const std::string name = WriteProject("one.prj", "one.hnp");
   ASSERT_TRUE(desk.OpenProject(name));
   view.Shown.Description = "changed";
-  desk.MarkDirty();
+  desk.FieldEdited();
 
   ui.Answers = {Answer::Cancel};
   EXPECT_FALSE(desk.Close());
@@ -66,12 +66,12 @@ TEST_F(DeskTest, AProjectThatCannotBeReadIsNotOverwritten) {
   ui.Answers = {Answer::Abort};
   EXPECT_FALSE(desk.OpenProject(bad));
   EXPECT_EQ(view.Shown, before);
-  EXPECT_EQ(project.FileName, bad);
   EXPECT_EQ(view.Title, "Lomaris - " + folder.Path("good.prj"));
 
   ui.Files = {{}};  // the save asks for a name, and is cancelled
   EXPECT_FALSE(desk.SaveProject(false));
   EXPECT_EQ(ui.FileDialogs.back().Title, "Save As");
+  EXPECT_EQ(ui.FileDialogs.back().FileName, bad);
   EXPECT_THAT(folder.Read("bad.prj"), StartsWith("VESKH_AUXILLARY_FILES:"));
 }
 
@@ -100,11 +100,27 @@ TEST_F(DeskTest, TellsWhichNamesMeanOtherFilesAfterASaveElsewhere) {
             "\r\n\r\none.hnp\r\n\r\nCopy the files there, or select them again.");
 }
 
+TEST_F(DeskTest, AsksBeforeAReplacedNameOverwritesAProject) {
+  const std::string other = WriteProject("new/one.prj", "other.hnp");
+  ASSERT_TRUE(desk.OpenProject(WriteProject("old/one.prj", "old/one.hnp")));
+  ui.Texts = {"/OLD/", "/new/"};
+  desk.Replace();
+  EXPECT_EQ(view.Title, "Lomaris - " + other);
+  ui.Answers = {Answer::No};
+  EXPECT_FALSE(desk.SaveProject(false));
+  EXPECT_EQ(ui.LastMessage(), other + " already exists.\r\nDo you want to replace it?");
+  EXPECT_THAT(folder.Read("new/one.prj"), HasSubstr("other.hnp"));
+  ui.Answers = {Answer::Yes};
+  EXPECT_TRUE(desk.SaveProject(false));
+  EXPECT_THAT(folder.Read("new/one.bak"), HasSubstr("other.hnp"));
+  EXPECT_EQ(view.RecentNames[0], other);
+}
+
 TEST_F(DeskTest, ACancelledRecentProjectChangesNothing) {
   const std::string first = WriteProject("one.prj", "one.hnp");
   ASSERT_TRUE(desk.OpenProject(first));
   ASSERT_TRUE(desk.OpenProject(WriteProject("two.prj", "two.hnp")));
-  desk.MarkDirty();
+  desk.FieldEdited();
   ui.Answers = {Answer::Cancel};
   EXPECT_FALSE(desk.OpenRecent(1));
   EXPECT_EQ(view.RecentNames[1], first);
@@ -112,7 +128,7 @@ TEST_F(DeskTest, ACancelledRecentProjectChangesNothing) {
 
 TEST_F(DeskTest, KeepsTheNameWhenASaveFails) {
   ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
-  desk.MarkDirty();
+  desk.FieldEdited();
   ui.Files = {{folder.Path("missing/two.prj")}};
   ui.Answers = {Answer::Abort};
   EXPECT_FALSE(desk.SaveProject(true));

@@ -13,8 +13,8 @@ class Shell {
   /// success; below it, the reason: 2 no such file, 5 access denied, 31 no program ...
   virtual int Open(const std::string& document) = 0;
 
-  /// Shows a text file in the desktop's word processor. False when it could not be started.
-  virtual bool OpenText(const std::string& fileName) = 0;
+  /// Shows a text file in the desktop's program for texts. The result is that of `Open`.
+  virtual int OpenText(const std::string& fileName) = 0;
 };
 
 }  // namespace lomaris

@@ -1,34 +1,40 @@
 #include "windows/core/browse_for_file.h"
 
+#include <QSignalBlocker>
+
 #include "import/browse_file.h"
 #include "windows/core/qt_text.h"
 
 namespace lomaris {
 namespace {
 
-/// Empty when cancelled.
-QString Browse(const std::string& filter, Ui& ui, Settings& settings) {
-  BrowseRequest request{.Filter = filter, .Title = "Open"};
+/// The dialog starts at the file that stands in the control, which is given back when cancelled.
+QString Browse(const std::string& filter, const QString& present, Ui& ui, Settings& settings) {
+  BrowseRequest request{.Filter = filter, .Title = "Open", .FileName = FromQt(present)};
   return ToQt(BrowseFile(request, ui, settings));
 }
 
 }  // namespace
 
 void BrowseForFile(const std::string& filter, QLineEdit& field, Ui& ui, Settings& settings) {
-  const QString file = Browse(filter, ui, settings);
-  if (!file.isEmpty()) field.setText(file);
+  const QString file = Browse(filter, field.text(), ui, settings);
+  if (file != field.text()) field.setText(file);
 }
 
 void BrowseForFile(const std::string& filter, QComboBox& list, Ui& ui, Settings& settings) {
-  const QString file = Browse(filter, ui, settings);
-  if (file.isEmpty()) return;
+  const QString file = Browse(filter, list.currentText(), ui, settings);
+  if (file == list.currentText()) return;
   if (list.isEditable()) {
     list.setEditText(file);
     return;
   }
   const int place = list.currentIndex() < 0 ? list.count() : list.currentIndex();
-  list.removeItem(place);
-  list.insertItem(place, file);
+  {
+    const QSignalBlocker quiet(list);  // the row between is nobody's choice
+    list.removeItem(place);
+    list.insertItem(place, file);
+    list.setCurrentIndex(-1);
+  }
   list.setCurrentIndex(place);
 }
 

@@ -5,8 +5,10 @@
 namespace lomaris {
 
 void EditorWindow::closeEvent(QCloseEvent* event) {
-  event->setAccepted(MayClose());
-  if (event->isAccepted()) emit Closing();
+  event->ignore();  // it stays also when the question fails
+  if (!MayClose()) return;
+  event->accept();
+  emit Closing();
 }
 
 }  // namespace lomaris

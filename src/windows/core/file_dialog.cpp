@@ -1,6 +1,5 @@
 #include "windows/core/file_dialog.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 
@@ -53,8 +52,8 @@ bool FolderExists(const QString& file) {
 
 }  // namespace
 
-std::vector<std::string> ShowFileDialog(const FileDialog& dialog, Ui& ui) {
-  QFileDialog window(QApplication::activeWindow(), {}, StartFolder(dialog));
+std::vector<std::string> ShowFileDialog(const FileDialog& dialog, QWidget* parent, Ui& ui) {
+  QFileDialog window(parent, {}, StartFolder(dialog));
   Prepare(window, dialog);
   while (window.exec() == QDialog::Accepted) {
     const QStringList chosen = window.selectedFiles();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QWidget>
 #include <string>
 #include <vector>
 
@@ -7,8 +8,8 @@
 
 namespace lomaris {
 
-/// Shows Qt's file dialog. Whole paths of the chosen files, empty when cancelled. A dialog whose
-/// answer must have an existing folder says so through `ui` and opens again.
-std::vector<std::string> ShowFileDialog(const FileDialog& dialog, Ui& ui);
+/// Shows Qt's file dialog over `parent`. Whole paths of the chosen files, empty when cancelled. A
+/// dialog whose answer must have an existing folder says so through `ui` and opens again.
+std::vector<std::string> ShowFileDialog(const FileDialog& dialog, QWidget* parent, Ui& ui);
 
 }  // namespace lomaris

@@ -1,6 +1,8 @@
 #include "windows/core/frm_splash.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QDialog>
+#include <QEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QTimer>
@@ -33,6 +35,12 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
   timer->setSingleShot(true);
   connect(timer, &QTimer::timeout, this, &QWidget::close);
   timer->start(kTimeOnScreen);
+  qApp->installEventFilter(this);
+}
+
+bool frmSplash::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Show && qobject_cast<QDialog*>(watched) != nullptr) close();
+  return QWidget::eventFilter(watched, event);
 }
 
 void frmSplash::paintEvent(QPaintEvent*) {

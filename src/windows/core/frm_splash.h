@@ -5,7 +5,8 @@
 namespace lomaris {
 
 /// What is seen while the program starts: a river, the program's name and its version. It closes,
-/// and deletes itself, when its `Timer` has run out or it is clicked.
+/// and deletes itself, when its `Timer` has run out, when it is clicked, and when a dialog opens,
+/// which must not stand behind it.
 class frmSplash : public QWidget {
   Q_OBJECT
 
@@ -13,6 +14,7 @@ class frmSplash : public QWidget {
   frmSplash();
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
 };

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QTimer>
 
 #include "windows/core/qt_text.h"
 #include "workspace/status_texts.h"
@@ -35,6 +36,8 @@ class MenuStatus : public QObject {
     QString path = PathTo(entry, window_.menuBar()->actions());
     path = path.remove('&').section('\t', 0, 0);
     entry->setStatusTip(ToQt(StatusText(FromQt(path))));
+    // A tool bar's button shares the entry, and is to say nothing.
+    QTimer::singleShot(0, entry, [entry] { entry->setStatusTip({}); });
   }
 
   QMainWindow& window_;

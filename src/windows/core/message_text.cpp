@@ -28,7 +28,7 @@ QString WithoutMiddleLines(const QString& text) {
 }
 
 QString WithBreaksInWords(const QString& text) {
-  constexpr int kLongestWord = 20;
+  constexpr int kLongestWord = 80;  // longer than most paths, which people copy out of a box
   QString shown;
   int length = 0;
   for (const QChar letter : text) {

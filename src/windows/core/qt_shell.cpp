@@ -39,14 +39,14 @@ int QtShell::Open(const std::string& document) {
   return OpenUrl(QUrl::fromLocalFile(file.absoluteFilePath()));
 }
 
-bool QtShell::OpenText(const std::string& fileName) {
+int QtShell::OpenText(const std::string& fileName) {
   const QFileInfo file(ToQt(TargetPath(fileName)));
-  if (!file.isFile()) return false;
+  if (!file.isFile()) return kFileNotFound;
   const QString path = file.absoluteFilePath();
   QStringList command = TextProgram(path);
-  if (command.isEmpty()) return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+  if (command.isEmpty()) return OpenUrl(QUrl::fromLocalFile(path));
   const QString program = command.takeFirst();
-  return QProcess::startDetached(program, command, file.absolutePath());
+  return QProcess::startDetached(program, command, file.absolutePath()) ? kOpened : kNoProgram;
 }
 
 }  // namespace lomaris

@@ -8,7 +8,7 @@ namespace lomaris {
 class QtShell : public Shell {
  public:
   int Open(const std::string& document) override;
-  bool OpenText(const std::string& fileName) override;
+  int OpenText(const std::string& fileName) override;
 };
 
 }  // namespace lomaris

@@ -10,7 +10,7 @@
 #include "core/files.h"
 #include "core/program.h"
 #include "windows/core/file_dialog.h"
-#include "windows/core/frm_pick_list.h"
+#include "windows/core/frm_select.h"
 #include "windows/core/message_text.h"
 #include "windows/core/qt_text.h"
 
@@ -91,16 +91,27 @@ QString TitleOf(const std::string& title) {
 
 }  // namespace
 
+QWidget* QtUi::DialogParent() {
+  QWidget* window = QApplication::activeWindow();
+  // Not the splash, which deletes itself and what belongs to it.
+  if (window != nullptr && (window->windowType() == Qt::Window || window->isModal())) {
+    lastActive_ = window;
+  }
+  return lastActive_ != nullptr && lastActive_->isVisible() ? lastActive_ : nullptr;
+}
+
 Answer QtUi::ShowMessage(const MessageBox& box) {
   const OrdinaryPointer pointer;
-  QMessageBox window(QApplication::activeWindow());
+  QMessageBox window(DialogParent());
   window.setWindowTitle(TitleOf(box.Title));
   window.setIcon(IconOf(box.BoxIcon));
   window.setTextFormat(Qt::PlainText);
   const QString text = MessageText(box.Text);
   window.setText(text);
   if (text.size() > kLongText) {
-    window.findChild<QLabel*>("qt_msgbox_label")->setMinimumWidth(kLongTextWidth);
+    if (auto* label = window.findChild<QLabel*>("qt_msgbox_label")) {
+      label->setMinimumWidth(kLongTextWidth);
+    }
   }
   const ButtonRow row = RowOf(box.BoxButtons);
   for (const Answer answer : row.Answers) window.addButton(ButtonOf(answer));
@@ -115,7 +126,7 @@ Answer QtUi::ShowMessage(const MessageBox& box) {
 
 std::string QtUi::AskText(const InputBox& box) {
   const OrdinaryPointer pointer;
-  QInputDialog window(QApplication::activeWindow());
+  QInputDialog window(DialogParent());
   window.setWindowTitle(TitleOf(box.Title));
   window.setLabelText(MessageText(box.Prompt));
   window.setTextValue(ToQt(box.Proposal));
@@ -128,7 +139,7 @@ std::string QtUi::AskText(const InputBox& box) {
 
 std::vector<std::string> QtUi::AskFile(const FileDialog& dialog) {
   const OrdinaryPointer pointer;
-  std::vector<std::string> files = ShowFileDialog(dialog, *this);
+  std::vector<std::string> files = ShowFileDialog(dialog, DialogParent(), *this);
   if (!files.empty()) MoveToFolderOf(files.front());
   return files;
 }
@@ -136,7 +147,7 @@ std::vector<std::string> QtUi::AskFile(const FileDialog& dialog) {
 std::optional<std::size_t> QtUi::PickFromList(const std::string& caption,
                                               const std::vector<std::string>& rows) {
   const OrdinaryPointer pointer;
-  frmPickList window(ToQt(caption), rows, QApplication::activeWindow());
+  frmSelect window(ToQt(caption), rows, DialogParent());
   return window.exec() == QDialog::Accepted ? window.PickedRow() : std::nullopt;
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
+
 #include "core/ports/ui.h"
 
 namespace lomaris {
@@ -19,6 +22,12 @@ class QtUi : public Ui {
   void Beep() override;
   void SetClipboardText(const std::string& text) override;
   std::string ClipboardText() override;
+
+ private:
+  /// The active window; between two dialogs in a row, when none is active, the last one that was.
+  QWidget* DialogParent();
+
+  QPointer<QWidget> lastActive_;
 };
 
 }  // namespace lomaris

@@ -49,11 +49,16 @@ void QtWorkbench::FileEdit(const EditRequest& request) {
   std::optional<EditRequest> prepared;
   QPointer<EditorWindow> window;
   trap.Run([&] { prepared = PrepareFileEdit(request, hydro_, project_, ui_); });
-  if (!prepared || !OffersEditor(prepared->Kind)) return;
+  if (!prepared) return;
+  if (!OffersEditor(prepared->Kind)) {
+    ui_.ShowMessage({.Text = "There is no editor for this type of file: " + prepared->Kind});
+    return;
+  }
   trap.Run([&] { window = ShowEditor(prepared->Kind); });
-  trap.Run([&] {
+  const StepEnd end = trap.Run([&] {
     if (window) window->Initialize(*prepared);
   });
+  if (end == StepEnd::Left && window) window->close();
 }
 
 EditorWindow* QtWorkbench::ShowEditor(const std::string& kind) {
@@ -66,6 +71,7 @@ EditorWindow* QtWorkbench::ShowEditor(const std::string& kind) {
     StoreOnClosing(*window, kind);
     if (editor.Count == Instances::One) editor.Open = window;
   } else {
+    // The one window of its type stays where the user has put it.
     window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
   }
   window->show();

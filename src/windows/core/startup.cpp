@@ -1,7 +1,7 @@
 #include "windows/core/startup.h"
 
+#include <QApplication>
 #include <QFileInfo>
-#include <QPointer>
 
 #include "core/error_report.h"
 #include "core/program.h"
@@ -15,20 +15,19 @@ namespace {
 
 constexpr std::string_view kHelpFile = "Lomaris.hlp";
 
-void ShowSplash(QPointer<frmSplash>& splash) {
-  splash = new frmSplash;  // deletes itself when its time is over
+void ShowSplash() {
+  auto* splash = new frmSplash;  // deletes itself when its time is over
   SetTopMostWindow(*splash, true);
   splash->show();
-  splash->repaint();
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);  // it is seen from now on
 }
 
-void FindHelpFile(const QString& programFolder, const QPointer<frmSplash>& splash, Ui& ui) {
+void FindHelpFile(const QString& programFolder, Ui& ui) {
   const QString file = programFolder + '/' + ToQt(kHelpFile);
   if (QFileInfo(file).isFile()) {
     SetHelpFile(file);
     return;
   }
-  if (splash) splash->close();  // no box is to stand behind it
   ui.ShowMessage({.Text = "Warning: cannot find Lomaris.hlp in the program directory; "
                           "context-sensitive help will not be available.",
                   .Title = "Error"});
@@ -38,13 +37,11 @@ void FindHelpFile(const QString& programFolder, const QPointer<frmSplash>& splas
 
 std::unique_ptr<QWidget> Main(Tables& tables, const ProjectWindowFactory& loadProjectWindow, Ui& ui,
                               const Settings& settings, const QString& programFolder) {
-  QPointer<frmSplash> splash;
   std::unique_ptr<QWidget> window;
   Trap trap(ui, "Main");
   const auto run = [&](auto step) { return trap.Run(step) != StepEnd::Left; };
-  const bool isLoaded = run([&] { ShowSplash(splash); }) &&                       //
-                        run([&] { tables = InitTables(ui); }) &&                  //
-                        run([&] { FindHelpFile(programFolder, splash, ui); }) &&  //
+  const bool isLoaded = run(ShowSplash) && run([&] { tables = InitTables(ui); }) &&
+                        run([&] { FindHelpFile(programFolder, ui); }) &&
                         run([&] { window = loadProjectWindow(); });
   if (!isLoaded || !window) return nullptr;
   if (DebugMode) window->setWindowTitle(ToQt(kApplicationTitle) + " - Debug Mode");

@@ -34,10 +34,12 @@ class ThemedIconEngine : public QIconEngine {
 
   void paint(QPainter* painter, const QRect& rectangle, QIcon::Mode mode, QIcon::State) override {
     QByteArray coloured = drawing_;
-    coloured.replace("currentColor", TextColour(mode).name().toLatin1());
+    const QByteArray colour = TextColour(mode).name().toLatin1();
+    coloured.replace("currentColor", colour);
+    // On the highlight of a menu, and when disabled, the accent would be lost or look alive.
+    if (mode != QIcon::Normal) coloured.replace(kAccent, colour);
     QSvgRenderer renderer(coloured);
     renderer.setAspectRatioMode(Qt::KeepAspectRatio);
-    if (mode == QIcon::Disabled) painter->setOpacity(kDisabledOpacity);  // the accent fades too
     renderer.render(painter, rectangle);
   }
 
@@ -52,7 +54,7 @@ class ThemedIconEngine : public QIconEngine {
   QIconEngine* clone() const override { return new ThemedIconEngine(drawing_); }
 
  private:
-  static constexpr double kDisabledOpacity = 0.6;
+  static constexpr const char* kAccent = "#2a8fbd";
 
   QByteArray drawing_;
 };

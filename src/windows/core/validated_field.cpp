@@ -8,7 +8,7 @@ bool Validated(QLineEdit& field, FieldKind kind, Ui& ui, const std::string& besi
   std::string text = FromQt(field.text());
   const bool valid = Validated(text, kind, ui, besideFile);
   if (valid) {
-    field.setText(ToQt(text));
+    if (ToQt(text) != field.text()) field.setText(ToQt(text));
   } else {
     field.setFocus();
     field.selectAll();

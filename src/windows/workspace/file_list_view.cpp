@@ -11,6 +11,7 @@
 #include <QMimeDatabase>
 #include <QTreeView>
 #include <QUrl>
+#include <algorithm>
 
 namespace lomaris {
 namespace {
@@ -44,7 +45,8 @@ FileListView::FileListView(QWidget* parent)
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     view->setAccessibleName(tr("Other files"));
     view->installEventFilter(this);
-    connect(view, &QAbstractItemView::activated, this, &FileListView::FileActivated);
+    connect(view, &QAbstractItemView::doubleClicked, this, &FileListView::FileActivated);
+    view->setToolTip(tr("Other files of the project; drop files here to add them"));
   }
   report_->setSelectionModel(list_->selectionModel());
   connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
@@ -58,12 +60,13 @@ FileListView::FileListView(QWidget* parent)
 }
 
 void FileListView::SetFiles(const std::vector<std::string>& paths) {
+  const int row = std::min(std::max(SelectedRow(), 0), static_cast<int>(paths.size()) - 1);
   model_.removeRows(0, model_.rowCount());
   for (const std::string& path : paths) AddRow(QString::fromStdString(path));
   ShowTexts();
-  if (model_.rowCount() > 0) {
+  if (row >= 0) {
     list_->selectionModel()->setCurrentIndex(
-        model_.index(0, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        model_.index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   }
   emit SelectionChanged();
 }
@@ -119,20 +122,27 @@ int FileListView::SelectedRow() const {
 }
 
 bool FileListView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress &&
-      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete) {
+  if (event->type() != QEvent::KeyPress) return QStackedWidget::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_Delete) {
     emit RemoveRequested();
-    return true;
+  } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    emit FileActivated();
+  } else {
+    return false;
   }
-  return QStackedWidget::eventFilter(watched, event);
+  return true;
 }
 
 void FileListView::dragEnterEvent(QDragEnterEvent* event) {
-  if (!DroppedFiles(*event).empty()) event->acceptProposedAction();
+  if (DroppedFiles(*event).empty()) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
 }
 
 void FileListView::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
   emit FilesDropped(DroppedFiles(*event));
 }
 

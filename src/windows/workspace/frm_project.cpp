@@ -7,7 +7,8 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <QSignalBlocker>
+#include <QTimer>
+#include <QToolBar>
 #include <QToolButton>
 #include <QWhatsThis>
 
@@ -16,8 +17,11 @@
 #include "core/files.h"
 #include "core/program.h"
 #include "core/text.h"
+#include "model/file_names.h"
 #include "windows/core/help_window.h"
+#include "windows/core/kept_selection.h"
 #include "windows/core/menu_status.h"
+#include "windows/core/qt_text.h"
 #include "windows/core/themed_icon.h"
 #include "windows/core/whats_this.h"
 #include "windows/core/window_placement.h"
@@ -54,7 +58,7 @@ constexpr ActionIcon kActionIcons[] = {
     {"tbWhatsThis", "whats_this"},
     {"mnuOpenItem0", "edit"},
     {"mnuOpenItem1", "open"},
-    {"mnuOpenItem2", "new"},
+    {"mnuOpenItem2", "create"},
     {"mnuOpenItem3", "remove"},
     {"tbFileListOpen", "open"},
     {"tbFileListClose", "remove"},
@@ -70,8 +74,12 @@ constexpr const char* kProjectActions[] = {
     "mnuFileSave",  "mnuFileSaveAs", "mnuFilePrint", "mnuFileClose", "mnuEditItem0", "mnuEditItem1",
     "mnuEditItem2", "mnuRunItem0",   "mnuRunItem1",  "mnuRunItem2",  "mnuRunItem6",  "tbWhatsThis"};
 
+bool IsOneProject(const std::vector<std::string>& paths) {
+  return paths.size() == 1 && EqualIgnoringCase(ExtensionOf(paths.front()), "prj");
+}
+
 QString NumberedCaption(std::size_t number, const std::string& name) {
-  return QString("&%1 %2").arg(number).arg(QString::fromStdString(name).replace("&", "&&"));
+  return QString("&%1 %2").arg(number).arg(ToQt(name).replace("&", "&&"));
 }
 
 }  // namespace
@@ -94,9 +102,11 @@ frmProject::frmProject(ProjectData& project, HydroInput& hydro, const Tables& ta
   OfferEditMenu();
   OfferHelpMenu();
   OfferFileList();
+  OfferLooks();
   ConnectSlots();
   SubscribeMenuStatus(*this);
   ApplyWhatsThis(*this);
+  KeepSelectionInMenus(*this);
   workbench.SetProjectWindow(this, [this] { desk_.LoadForm(); });
   setMinimumSize(size());
   desk_.Start();
@@ -110,7 +120,7 @@ void frmProject::SetIcons() {
   }
   for (std::size_t slot = 0; slot < kFileSlotCount; ++slot) {
     EditButtonOf(slot)->setIcon(ThemedIcon("edit"));
-    findChild<QToolButton*>(QString("btnBrowseSelect%1").arg(slot))->setIcon(ThemedIcon("select"));
+    SelectButtonOf(slot)->setIcon(ThemedIcon("select"));
   }
 }
 
@@ -167,18 +177,31 @@ void frmProject::OfferHelpMenu() {
 
 void frmProject::OfferFileList() {
   FileListView* files = ui_->lvFileList;
-  ui_->tbFileList->addActions({ui_->tbFileListOpen, ui_->tbFileListClose, ui_->tbFileListRun});
-  ui_->tbFileList->addSeparator();
   const auto row = [files] { return static_cast<std::size_t>(files->SelectedRow()); };
   Offer(ui_->tbFileListOpen, [this] { desk_.BrowseOtherFiles(); });
   Offer(ui_->tbFileListClose, [this, row] { desk_.CloseOtherFile(row()); });
   Offer(ui_->tbFileListRun, [this, row] { desk_.RunOtherFile(row()); });
 
+  connect(files, &FileListView::FileActivated, this, [this, row] { desk_.RunOtherFile(row()); });
+  connect(files, &FileListView::RemoveRequested, this,
+          [this, row] { desk_.CloseOtherFile(row()); });
+  connect(files, &FileListView::FilesDropped, this, &frmProject::OpenOrList);
+  connect(files, &FileListView::SelectionChanged, this, [this, files] {
+    ui_->tbFileListClose->setEnabled(files->SelectedRow() >= 0);
+    ui_->tbFileListRun->setEnabled(files->SelectedRow() >= 0);
+  });
+}
+
+void frmProject::OfferLooks() {
+  FileListView* files = ui_->lvFileList;
+  QToolBar* bar = ui_->tbFileList;
+  bar->addActions({ui_->tbFileListOpen, ui_->tbFileListClose, ui_->tbFileListRun});
+  bar->addSeparator();
   auto* looks = new QActionGroup(this);
   const auto offerLook = [&](QAction* action, FileListView::Look look) {
     action->setCheckable(true);
     looks->addAction(action);
-    ui_->tbFileList->addAction(action);
+    bar->addAction(action);
     Offer(action, [files, look] { files->SetLook(look); });
   };
   offerLook(ui_->tbFileListLgIcons, FileListView::Look::LargeIcons);
@@ -186,48 +209,49 @@ void frmProject::OfferFileList() {
   offerLook(ui_->tbFileListList, FileListView::Look::List);
   offerLook(ui_->tbFileListDetails, FileListView::Look::Details);
   ui_->tbFileListDetails->setChecked(true);
-
-  connect(files, &FileListView::FileActivated, this, [this, row] { desk_.RunOtherFile(row()); });
-  connect(files, &FileListView::RemoveRequested, this,
-          [this, row] { desk_.CloseOtherFile(row()); });
-  connect(files, &FileListView::FilesDropped, this,
-          [this](const std::vector<std::string>& paths) { desk_.AddOtherFiles(paths); });
-  connect(files, &FileListView::SelectionChanged, this, [this, files] {
-    ui_->tbFileListClose->setEnabled(files->SelectedRow() >= 0);
-    ui_->tbFileListRun->setEnabled(files->SelectedRow() >= 0);
-  });
+  for (QAction* action : bar->actions()) bar->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
 }
 
 void frmProject::ConnectSlots() {
-  const auto edited = [this] {
-    if (showing_) return;
-    desk_.MarkDirty();
-    SetSlotActions();
-  };
-  connect(ui_->txtDescription, &QPlainTextEdit::textChanged, this, edited);
+  ui_->txtDescription->viewport()->setAcceptDrops(false);  // files are for the window
+  connect(ui_->txtDescription, &QPlainTextEdit::textChanged, this, [this] {
+    if (!showing_) desk_.FieldEdited();
+  });
   for (std::size_t slot = 0; slot < kFileSlotCount; ++slot) {
     if (!kFileSlots[slot].IsList()) {
-      connect(TextOf(slot), &QLineEdit::textChanged, this, edited);
+      ConnectText(TextOf(slot));
     }
     connect(EditButtonOf(slot), &QToolButton::clicked, this,
             [this, slot] { desk_.EditSlot(slot); });
-    connect(findChild<QToolButton*>(QString("btnBrowseSelect%1").arg(slot)), &QToolButton::clicked,
-            this, [this, slot] { ShowOpenPopup(slot); });
+    connect(SelectButtonOf(slot), &QToolButton::clicked, this,
+            [this, slot] { ShowOpenPopup(slot); });
   }
   connect(ui_->SSTabMain, &QTabWidget::currentChanged, this, &frmProject::ShowTab);
 }
 
+void frmProject::ConnectText(QLineEdit* text) {
+  connect(text, &QLineEdit::textChanged, this, [this] {
+    if (showing_) return;
+    desk_.FieldEdited();
+    SetSlotActions();
+  });
+  connect(text, &QLineEdit::editingFinished, this, [text] {
+    const QString name = ToQt(NormaliseFileName(FromQt(text->text()), true));
+    if (name != text->text()) text->setText(name);
+  });
+}
+
 ProjectForm frmProject::Form() const {
   ProjectForm form;
-  form.Description = ui_->txtDescription->toPlainText().toStdString();
+  form.Description = FromQt(ui_->txtDescription->toPlainText());
   for (std::size_t slot = 0; slot < kFileSlotCount; ++slot) {
     if (!kFileSlots[slot].IsList()) {
-      form.Texts[slot] = TextOf(slot)->text().toStdString();
+      form.Texts[slot] = FromQt(TextOf(slot)->text());
       continue;
     }
     const QComboBox* list = ListOf(slot);
     for (int row = 0; row < list->count(); ++row) {
-      form.Lists[slot].Rows.push_back(list->itemText(row).toStdString());
+      form.Lists[slot].Rows.push_back(FromQt(list->itemText(row)));
     }
     form.Lists[slot].Selected = list->currentIndex();
   }
@@ -237,21 +261,24 @@ ProjectForm frmProject::Form() const {
 
 void frmProject::ShowForm(const ProjectForm& form, bool projectOpen) {
   showing_ = true;
-  ui_->txtDescription->setPlainText(QString::fromStdString(form.Description));
+  if (FromQt(ui_->txtDescription->toPlainText()) != form.Description) {
+    ui_->txtDescription->setPlainText(ToQt(form.Description));
+  }
   for (std::size_t slot = 0; slot < kFileSlotCount; ++slot) {
     if (!kFileSlots[slot].IsList()) {
-      TextOf(slot)->setText(QString::fromStdString(form.Texts[slot]));
+      if (FromQt(TextOf(slot)->text()) != form.Texts[slot]) {
+        TextOf(slot)->setText(ToQt(form.Texts[slot]));
+      }
       continue;
     }
     QComboBox* list = ListOf(slot);
     list->clear();
     for (const std::string& row : form.Lists[slot].Rows) {
-      list->addItem(QString::fromStdString(row));
+      list->addItem(ToQt(row));
     }
     list->setCurrentIndex(form.Lists[slot].Selected);
   }
   ui_->lvFileList->SetFiles(form.OtherFiles);
-  if (projectOpen != projectOpen_) ui_->SSTabMain->setCurrentIndex(kFilesTab);
   projectOpen_ = projectOpen;
   ui_->stackMain->setCurrentWidget(projectOpen ? ui_->pageProject : ui_->PictureWallpaper);
   ui_->StatusBar->clearMessage();
@@ -259,12 +286,23 @@ void frmProject::ShowForm(const ProjectForm& form, bool projectOpen) {
   SetProjectMenus(projectOpen);
 }
 
+void frmProject::ShowFilesTab() {
+  ui_->SSTabMain->setCurrentIndex(kFilesTab);
+  ui_->txtDescription->setFocus();
+}
+
+void frmProject::FocusSlot(std::size_t slot) {
+  QWidget* control = TextOf(slot);
+  if (kFileSlots[slot].IsList()) control = ListOf(slot);
+  control->setFocus();
+}
+
 std::string frmProject::Caption() const {
-  return windowTitle().toStdString();
+  return FromQt(windowTitle());
 }
 
 void frmProject::SetCaption(const std::string& caption) {
-  setWindowTitle(QString::fromStdString(caption));
+  setWindowTitle(ToQt(caption));
 }
 
 void frmProject::ShowRecent(const std::vector<std::string>& names) {
@@ -319,11 +357,11 @@ void frmProject::SetSlotActions() {
 void frmProject::ShowOpenPopup(std::size_t slot) {
   popupSlot_ = slot;
   const ProjectForm form = Form();
-  const bool named = !kFileSlots[slot].IsList() && form.Texts[slot] != kNotSpecified;
+  const bool named = !kFileSlots[slot].IsList() && NamesAFile(form.Texts[slot]);
   ui_->mnuOpenItem0->setEnabled(desk_.OffersEdit(form, slot));
   ui_->mnuOpenItem2->setEnabled(desk_.OffersEditor(kFileSlots[slot].Kind));
   ui_->mnuOpenItem3->setEnabled(named);
-  const auto* button = findChild<QToolButton*>(QString("btnBrowseSelect%1").arg(slot));
+  const QToolButton* button = SelectButtonOf(slot);
   mnuOpenPopup_->popup(button->mapToGlobal(button->rect().bottomLeft()));
 }
 
@@ -336,7 +374,7 @@ void frmProject::SendKeystroke(int key) {
 
 void frmProject::ShowTab(int tab) {
   if (showing_) return;
-  if (tab == kDiagramTab) ui_->lblDiagram->setText(QString::fromStdString(desk_.LoadNetwork()));
+  if (tab == kDiagramTab) ui_->lblDiagram->setText(ToQt(desk_.LoadNetwork()));
   SetSlotActions();
 }
 
@@ -362,18 +400,28 @@ void frmProject::closeEvent(QCloseEvent* event) {
 }
 
 void frmProject::dragEnterEvent(QDragEnterEvent* event) {
-  if (!DroppedFiles(*event).empty()) event->acceptProposedAction();
+  const std::vector<std::string> paths = DroppedFiles(*event);
+  if (projectOpen_ ? paths.empty() : !IsOneProject(paths)) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
 }
 
-/// A project is opened; anything else joins the other files of the project that is open.
 void frmProject::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
-  const std::vector<std::string> paths = DroppedFiles(*event);
-  if (EqualIgnoringCase(ExtensionOf(paths.front()), "prj")) {
-    desk_.OpenProject(paths.front());
-  } else if (projectOpen_) {
-    desk_.AddOtherFiles(paths);
-  }
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  OpenOrList(DroppedFiles(*event));
+}
+
+/// A project is opened; anything else joins the other files of the project that is open. After the
+/// drop has ended: where the files come from is not to wait for our questions.
+void frmProject::OpenOrList(const std::vector<std::string>& paths) {
+  QTimer::singleShot(0, this, [this, paths] {
+    if (IsOneProject(paths)) {
+      desk_.OpenProject(paths.front());
+    } else if (projectOpen_) {
+      desk_.AddOtherFiles(paths);
+    }
+  });
 }
 
 QAction* frmProject::ItemOf(const char* menu, std::size_t index) const {
@@ -390,6 +438,10 @@ QComboBox* frmProject::ListOf(std::size_t slot) const {
 
 QToolButton* frmProject::EditButtonOf(std::size_t slot) const {
   return findChild<QToolButton*>(QString("btnBrowse%1").arg(slot));
+}
+
+QToolButton* frmProject::SelectButtonOf(std::size_t slot) const {
+  return findChild<QToolButton*>(QString("btnBrowseSelect%1").arg(slot));
 }
 
 }  // namespace lomaris

@@ -39,6 +39,8 @@ class frmProject : public QMainWindow, private ProjectView {
  private:
   ProjectForm Form() const override;
   void ShowForm(const ProjectForm& form, bool projectOpen) override;
+  void ShowFilesTab() override;
+  void FocusSlot(std::size_t slot) override;
   std::string Caption() const override;
   void SetCaption(const std::string& caption) override;
   void ShowRecent(const std::vector<std::string>& names) override;
@@ -49,8 +51,11 @@ class frmProject : public QMainWindow, private ProjectView {
   void OfferEditMenu();
   void OfferHelpMenu();
   void OfferFileList();
+  void OfferLooks();
   void SetIcons();
   void ConnectSlots();
+  void ConnectText(QLineEdit* text);
+  void OpenOrList(const std::vector<std::string>& paths);
 
   void SetProjectMenus(bool enabled);
   void SetSlotActions();
@@ -65,6 +70,7 @@ class frmProject : public QMainWindow, private ProjectView {
   QLineEdit* TextOf(std::size_t slot) const;
   QComboBox* ListOf(std::size_t slot) const;
   QToolButton* EditButtonOf(std::size_t slot) const;
+  QToolButton* SelectButtonOf(std::size_t slot) const;
 
   std::unique_ptr<::Ui::frmProject> ui_;
   lomaris::Ui& screen_;

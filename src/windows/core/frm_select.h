@@ -8,19 +8,19 @@
 #include <vector>
 
 namespace Ui {
-class frmPickList;
+class frmSelect;
 }
 
 namespace lomaris {
 
 /// A list to pick one row from. Rows are split into columns at their tabs.
-class frmPickList : public QDialog {
+class frmSelect : public QDialog {
   Q_OBJECT
 
  public:
-  frmPickList(const QString& caption, const std::vector<std::string>& rows,
-              QWidget* parent = nullptr);
-  ~frmPickList() override;
+  frmSelect(const QString& caption, const std::vector<std::string>& rows,
+            QWidget* parent = nullptr);
+  ~frmSelect() override;
 
   /// Place of the picked row, counted from 0; nothing when none is.
   std::optional<std::size_t> PickedRow() const;
@@ -28,7 +28,7 @@ class frmPickList : public QDialog {
  private:
   void ShowRows(const std::vector<std::string>& rows);
 
-  std::unique_ptr<::Ui::frmPickList> ui_;
+  std::unique_ptr<::Ui::frmSelect> ui_;
 };
 
 }  // namespace lomaris
