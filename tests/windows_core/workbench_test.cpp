@@ -72,8 +72,8 @@ TEST_F(WorkbenchTest, SharesOneWindowOrMakesOnePerFile) {
   EXPECT_EQ(OpenAfter("b.xsg"), "B.HNP a.xsg b.xsg");
   EXPECT_EQ(OpenAfter("a.xsg"), "B.HNP a.xsg b.xsg");
   EXPECT_EQ(ui.LastMessage(), "You can open a given file only once per session.");
-  EXPECT_EQ(OpenAfter("a.qnp"), "B.HNP a.xsg b.xsg");
-  EXPECT_EQ(ui.LastMessage(), "There is no editor for this type of file: QNP");
+  EXPECT_EQ(OpenAfter("a.abc"), "B.HNP a.xsg b.xsg");
+  EXPECT_EQ(ui.LastMessage(), "There is no editor for this type of file: ABC");
   EXPECT_TRUE(workbench.CloseOtherWindows() && projectWindow.isVisible());
   EXPECT_EQ(OpenAfter("c.hnp"), "c.hnp");
   EXPECT_EQ(last->windowTitle(), "c.hnp") << "not in the closed window that is not deleted yet";
