@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <optional>
@@ -37,7 +38,7 @@ class ScriptedUi : public Ui {
   std::vector<std::string> AskFile(const FileDialog& dialog) override;
   std::optional<std::size_t> PickFromList(const std::string& caption,
                                           const std::vector<std::string>& rows) override;
-  void SetBusyPointer(bool busy) override { BusyDepth += busy ? 1 : -1; }
+  void SetBusyPointer(bool busy) override { BusyDepth = std::max(0, BusyDepth + (busy ? 1 : -1)); }
   void ResetPointers() override { BusyDepth = 0; }
   void DoEvents() override {}
   void Beep() override { ++Beeps; }
