@@ -18,6 +18,7 @@ constexpr std::size_t kShortestPoint = 1;  // an empty line
 /// Name and description from the next line. False for a line without a name.
 bool ReadNameLine(ReaderState& in, LibrarySection& section, Ui& ui) {
   std::string line(in.ReadRawLine());
+  std::erase(line, '\r');  // a stray one is no part of a word
   CollapseWhitespace(line);
   SplitFields(line, '\t', kMostWords, kMostWords, ui,
               [&](std::size_t place, std::string_view word) {

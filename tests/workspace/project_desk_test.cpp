@@ -205,20 +205,6 @@ TEST_F(DeskTest, PutsASelectedBoundaryFileInItsRow) {
   EXPECT_EQ(project.MetFiles[1], "new.met");
 }
 
-TEST_F(DeskTest, AFileOpenedBesideTheProjectDoesNotEnterIt) {
-  ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
-  workbench.OnFileEdit = [&] {
-    project.HydroFile = "other.hnp";
-    hydro.Title = "other";
-  };
-  ui.Files = {{"other.hnp"}};
-  desk.OpenInputFile(0);
-  desk.CreateInputFile(0);
-  EXPECT_EQ(workbench.Opened.size(), 2u);
-  EXPECT_EQ(project.HydroFile, "one.hnp");
-  EXPECT_EQ(hydro.Title, "");
-}
-
 TEST_F(DeskTest, FindsTheOutputBesideTheInput) {
   ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "hnp_runs\\one.hnp")));
   desk.OpenOutputFile(1);
