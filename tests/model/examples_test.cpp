@@ -10,29 +10,43 @@
 namespace lomaris {
 namespace {
 
-TEST(Examples, AnUneditedSaveGivesTheSameBytes) {
-  const std::string examples = LOMARIS_EXAMPLES "/three_branches/";
+/// The example in memory.
+struct Model {
+  ProjectData Project;
+  HydroInput Hydro;
+  XSectLibrary Library;
+
+  bool Load(const std::string& name, Ui& ui) {
+    if (name.ends_with(".prj")) return LoadPRJFile(Project, ui, name);
+    if (name.ends_with(".hnp")) return LoadHNPFile(Hydro, Project, ui, name);
+    return LoadXSGFile(Library, Project, ui, name);
+  }
+  bool operator==(const Model&) const = default;
+};
+
+TEST(Examples, AreSavedAsTheyWereAndReadOrToldWhereverCutOff) {
   const TempFolder folder;
   ScriptedUi ui;
-  ProjectData project;
-  HydroInput hydro;
-  XSectLibrary library;
-  ASSERT_TRUE(LoadPRJFile(project, ui, examples + "three_branches.prj"));
-  const std::string hydroFile = project.HydroFile;
-  const std::string libraryFile = project.XSGFileH;
-  ASSERT_TRUE(LoadHNPFile(hydro, project, ui, hydroFile));
-  ASSERT_TRUE(LoadXSGFile(library, project, ui, libraryFile));
-  ASSERT_GT(hydro.XSectCount, 0);
-  ASSERT_GT(library.XSectCount, 0);
-
-  ASSERT_TRUE(SavePRJFile(project, ui, folder.Path("a.prj")));
-  ASSERT_TRUE(SaveHNPFile(hydro, project, ui, folder.Path("a.hnp")));
-  ASSERT_TRUE(SaveXSGFile(library, project, ui, folder.Path("a.xsg")));
-  EXPECT_EQ(folder.Read("a.prj"), ReadWholeFile(examples + "three_branches.prj"));
-  EXPECT_EQ(folder.Read("a.hnp"), ReadWholeFile(examples + hydroFile));
-  EXPECT_EQ(folder.Read("a.xsg"), ReadWholeFile(examples + libraryFile));
-  EXPECT_FALSE(project.Dirty);
-  EXPECT_TRUE(ui.Messages.empty());
+  Model model;
+  std::string texts;
+  for (const std::string name : {"three_branches.prj", "corvane_river.hnp", "corvane_shapes.xsg"}) {
+    const std::string text = ReadWholeFile(LOMARIS_EXAMPLES "/three_branches/" + name);
+    folder.Write(name, text);
+    ASSERT_TRUE(model.Load(name, ui));
+    for (std::size_t size = text.size() - 1; size > 0; --size) {
+      std::filesystem::resize_file(name, size);
+      ScriptedUi cutUi;
+      cutUi.Answers.assign(20, Answer::Abort);
+      Model cut = model;
+      EXPECT_TRUE(cut.Load(name, cutUi) || (cut == model && !cutUi.Messages.empty())) << size;
+    }
+    texts += text;
+  }
+  EXPECT_TRUE(SavePRJFile(model.Project, ui, "a.prj"));
+  EXPECT_TRUE(SaveHNPFile(model.Hydro, model.Project, ui, "a.hnp"));
+  EXPECT_TRUE(SaveXSGFile(model.Library, model.Project, ui, "a.xsg"));
+  EXPECT_EQ(folder.Read("a.prj") + folder.Read("a.hnp") + folder.Read("a.xsg"), texts);
+  EXPECT_TRUE(ui.Messages.empty() && !model.Project.Dirty);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "model/xsg_file.h"
 
+#include <array>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -10,30 +12,15 @@
 namespace lomaris {
 namespace {
 
+using testing::HasSubstr;
+
 constexpr char kSample[] =
-    "Tavresk\r\n"
-    "surveyed 1996\r\n"
-    "\r\n"
-    " 4 \r\n"
-    "MAIN1       Ca\xF1on  reach\r\n"
-    " 2 \r\n"
-    "0.00\t-12.50\r\n"
-    "0.13\t1234567.00\r\n"
+    "Tavresk\r\nsurveyed 1996\r\n\r\n 4 \r\n"
+    "MAIN1       Ca\xF1on  reach\r\n 2 \r\n0.00\t-12.50\r\n0.13\t1234567.00\r\n"
     "\xC4\xD6"
-    "345678    read before \r\n"
-    " 0 \r\n"
-    "NODESCR     \r\n"
-    " 0 \r\n"
-    "EMPTY       \r\n"
-    " 0 \r\n";
+    "345678    read before \r\n 0 \r\nNODESCR     \r\n 0 \r\nEMPTY       \r\n 0 \r\n";
 
-LibrarySection Section(const char* name, const char* description) {
-  LibrarySection section;
-  section.Name = name;
-  section.Description = description;
-  return section;
-}
-
+/// The record of the sample file.
 XSectLibrary SampleLibrary() {
   XSectLibrary library;
   library.FileName = "a.xsg";
@@ -41,162 +28,88 @@ XSectLibrary SampleLibrary() {
   library.Title[2] = "surveyed 1996";
   library.XSectCount = 4;
   library.XSects.Resize(4);
-  library.XSects[1] = Section("MAIN1", "Ca\u00F1on  reach");
-  library.XSects[1].PointCount = 2;
-  library.XSects[1].Points.Resize(2);
-  library.XSects[1].Points[1] = {.Station = -12.5F, .Depth = -0.001F};
+  library.XSects[1] = {"MAIN1", "Ca\u00F1on reach ", 2, {1, 2}};
+  library.XSects[1].Points[1] = {.Station = -12.5F, .Depth = 0};
   library.XSects[1].Points[2] = {.Station = 1234567, .Depth = 0.13F};
-  library.XSects[2] = Section("\u00C4\u00D63456789", "read before ");
-  library.XSects[3] = Section("NODESCR", "Unknown");
-  library.XSects[4] = Section("EMPTY", "");
+  library.XSects[2] = {"\u00C4\u00D6345678", "read before ", 0, {}};
+  library.XSects[3] = {"NODESCR", "Unknown", 0, {}};
+  library.XSects[4] = {"EMPTY", "Unknown", 0, {}};
   return library;
 }
 
-/// The sample as it comes back from a file.
-XSectLibrary SampleRead() {
-  XSectLibrary library = SampleLibrary();
-  library.XSects[1].Description = "Ca\u00F1on reach ";
-  library.XSects[1].Points[1].Depth = 0;
-  library.XSects[2].Name = "\u00C4\u00D6345678";
-  library.XSects[4].Description = "Unknown";
-  return library;
-}
+class LibraryFile : public testing::Test {
+ protected:
+  bool Load(const std::string& text) {
+    folder_.Write("a.xsg", text);
+    return LoadXSGFile(library_, {}, ui_, " a.xsg");
+  }
+  bool Save() { return SaveXSGFile(library_, {}, ui_, "a.xsg "); }
 
-TEST(LibraryFile, HasItsLayoutAndComesBack) {
-  const TempFolder folder;
-  ScriptedUi ui;
-  const ProjectData project;
-  XSectLibrary library = SampleLibrary();
-  library.Dirty = true;
-  ASSERT_TRUE(SaveXSGFile(library, project, ui, "a.xsg "));
-  EXPECT_EQ(folder.Read("a.xsg"), kSample);
-  EXPECT_FALSE(library.Dirty);
-
-  ASSERT_TRUE(LoadXSGFile(library, project, ui, " a.xsg"));
-  EXPECT_EQ(library, SampleRead());
-  ASSERT_TRUE(SaveXSGFile(library, project, ui, "a.xsg"));
-  const std::string readOnce = folder.Read("a.xsg");
-  EXPECT_EQ(readOnce, ReplaceAll(kSample, "  reach", " reach "));
-  ASSERT_TRUE(LoadXSGFile(library, project, ui, "a.xsg"));
-  ASSERT_TRUE(SaveXSGFile(library, project, ui, "a.xsg"));
-  EXPECT_EQ(folder.Read("a.xsg"), readOnce);
-  EXPECT_TRUE(ui.Messages.empty());
-  EXPECT_EQ(ui.BusyDepth, 0);
-}
-
-TEST(LibraryFile, AnEmptyLibraryHasFourLines) {
-  const TempFolder folder;
-  ScriptedUi ui;
-  XSectLibrary library;
-  ASSERT_TRUE(SaveXSGFile(library, {}, ui, "a.xsg"));
-  EXPECT_EQ(folder.Read("a.xsg"), "\r\n\r\n\r\n 0 \r\n");
-
-  folder.Write("b.xsg", "a title and no more");
-  ASSERT_TRUE(LoadXSGFile(library, {}, ui, "b.xsg"));
-  EXPECT_EQ(library.Title[1], "a title and no more");
-  EXPECT_EQ(library.XSectCount, 0);
-}
-
-TEST(LibraryFile, BlankAndMissingNamesLoadNothing) {
-  const TempFolder folder;
-  ScriptedUi ui;
-  XSectLibrary library = SampleLibrary();
-  EXPECT_TRUE(LoadXSGFile(library, {}, ui, ""));
-  EXPECT_TRUE(ui.Messages.empty());
-  EXPECT_TRUE(LoadXSGFile(library, {}, ui, "new.xsg"));
-  EXPECT_EQ(ui.LastMessage(),
-            "Cross section library file new.xsg not found; it will now be created.");
-  EXPECT_EQ(ui.Messages.back().Title, "Error");
-  EXPECT_EQ(library, SampleLibrary());
-}
-
-struct BadLibrary {
-  const char* Name;
-  std::string Text;  ///< behind the three titles
-  const char* Message;
+  TempFolder folder_;
+  ScriptedUi ui_;
+  XSectLibrary library_ = SampleLibrary();
 };
 
-class BadLibraryFile : public testing::TestWithParam<BadLibrary> {};
+TEST_F(LibraryFile, HasItsLayoutAndComesBack) {
+  library_.XSects[1].Description = "Ca\u00F1on  reach";
+  library_.XSects[1].Points[1].Depth = -0.001F;
+  library_.XSects[2].Name += "9";
+  library_.XSects[4].Description = "";
+  library_.Dirty = true;
+  ASSERT_TRUE(Save());
+  EXPECT_EQ(folder_.Read("a.xsg"), kSample);
+  EXPECT_FALSE(library_.Dirty);
 
-TEST_P(BadLibraryFile, IsToldAndLeavesTheRecord) {
-  const TempFolder folder;
-  ScriptedUi ui;
-  folder.Write("a.xsg", "1\r\n2\r\n3\r\n" + GetParam().Text);
-  XSectLibrary library = SampleLibrary();
-  EXPECT_FALSE(LoadXSGFile(library, {}, ui, "a.xsg"));
-  EXPECT_EQ(ui.LastMessage(), ReplaceAll(GetParam().Message, "|", "\r\n\r\n"));
-  EXPECT_EQ(library, SampleLibrary());
-  EXPECT_EQ(ui.BusyDepth, 0);
+  ASSERT_TRUE(Load(kSample));
+  EXPECT_EQ(library_, SampleLibrary());
+  ASSERT_TRUE(Save());
+  EXPECT_EQ(folder_.Read("a.xsg"), ReplaceAll(kSample, "  reach", " reach "));
+  EXPECT_TRUE(ui_.Messages.empty());
 }
 
-std::string Words(int count) {
-  std::string line;
-  for (int i = 0; i < count; ++i) line += "w ";
-  return line;
+TEST_F(LibraryFile, NewAndEmptyFilesAreNoFailure) {
+  EXPECT_TRUE(LoadXSGFile(library_, {}, ui_, "") && ui_.Messages.empty());
+  EXPECT_TRUE(LoadXSGFile(library_, {}, ui_, "new.xsg"));
+  EXPECT_EQ(ui_.LastMessage(),
+            "Cross section library file new.xsg not found; it will now be created.");
+  EXPECT_EQ(library_, SampleLibrary());
+  EXPECT_TRUE(Load(""));
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(folder_.Read("a.xsg"), "\r\n\r\n\r\n 0 \r\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    LibraryFile, BadLibraryFile,
-    testing::Values(
-        BadLibrary{"BlankNameLine", "1\r\n \t \r\n0\r\n",
-                   "Invalid input reading cross section name and description."},
-        BadLibrary{"HugeCount", "1000000000\r\nA\r\n0\r\n",
-                   "Following error occurred on line 5 of file a.xsg|Input past end of file: the "
-                   "file is too short to hold 1000000000 of them|Last line read was: 1000000000|"
-                   "Input aborted."},
-        BadLibrary{"NegativeCount", "-1\r\n",
-                   "Following error occurred on line 5 of file a.xsg|Subscript out of range: -1 is "
-                   "not a possible count|Last line read was: -1|Input aborted."},
-        BadLibrary{"HugePointCount", "1\nA\n2000000000\n0 0\n",
-                   "Following error occurred on line 7 of file a.xsg|Input past end of file: the "
-                   "file is too short to hold 2000000000 of them|Last line read was: 2000000000|"
-                   "Input aborted."},
-        BadLibrary{"MissingPoint", "1\nA\n2\n0 0\n",
-                   "Following error occurred on line 8 of file a.xsg|Input past end of file: the "
-                   "file ends before all that it announces|Last line read was: 0 0|Input aborted."},
-        BadLibrary{"MissingEntry", "2\nA\n0\n",
-                   "Following error occurred on line 7 of file a.xsg|Input past end of file: the "
-                   "file ends before all that it announces|Last line read was: 0|Input aborted."}),
-    [](const auto& row) { return row.param.Name; });
+const std::string k99Words = ReplaceAll(std::string(99, 'w'), "w", "w ");
 
-TEST(LibraryFile, TakesAtMostHundredWordsOfALine) {
-  const TempFolder folder;
-  ScriptedUi ui;
-  XSectLibrary library;
-  folder.Write("a.xsg", "\n\n\n1\n" + Words(100) + "\n0\n");
-  EXPECT_TRUE(LoadXSGFile(library, {}, ui, "a.xsg"));
-  EXPECT_EQ(library.XSects[1].Description, Words(99));
-
-  folder.Write("a.xsg", "\n\n\n1\n" + Words(101) + "\n0\n");
-  EXPECT_FALSE(LoadXSGFile(library, {}, ui, "a.xsg"));
-  ASSERT_EQ(ui.Messages.size(), 2u);
-  EXPECT_THAT(ui.Messages[0].Text, testing::StartsWith("Array bounds exceeded in BreakApart:"));
-  EXPECT_THAT(ui.Messages[1].Text, testing::HasSubstr("Subscript out of range"));
-}
-
-TEST(LibraryFile, CutOffAnywhereLoadsOrLeavesTheRecord) {
-  const TempFolder folder;
-  const std::string sample = kSample;
-  for (std::size_t size = 0; size < sample.size(); ++size) {
-    folder.Write("a.xsg", sample.substr(0, size));
-    ScriptedUi ui;
-    ui.Answers.assign(20, Answer::Abort);
-    XSectLibrary library = SampleLibrary();
-    if (LoadXSGFile(library, {}, ui, "a.xsg")) continue;
-    EXPECT_EQ(library, SampleLibrary());
+TEST_F(LibraryFile, IsToldToBeBadAndLeavesTheRecord) {
+  const std::string start = "Input past end of file: the file ";
+  const std::array<std::string, 3> rows[] = {
+      {"1000000000\nA\n0\n", "5", start + "is too short to hold 1000000000 of them"},
+      {"1\nA\n2000000000\n0 0\n", "7", start + "is too short to hold 2000000000 of them"},
+      {"1\nA\n2\n0 0\n", "8", start + "ends before all that it announces"},
+      {"1\n" + k99Words + "w w\n0\n", "6", "Subscript out of range"}};
+  for (const auto& [text, line, message] : rows) {
+    EXPECT_FALSE(Load("1\r\n2\r\n3\r\n" + text));
+    EXPECT_THAT(ui_.LastMessage(), HasSubstr("line " + line + " of file a.xsg\r\n\r\n" + message));
+    EXPECT_EQ(library_, SampleLibrary());
   }
+  EXPECT_FALSE(Load("\n\n\n1\n \t \n0\n"));
+  EXPECT_EQ(ui_.LastMessage(), "Invalid input reading cross section name and description.");
+  EXPECT_TRUE(Load("\n\n\n1\nw " + k99Words + "\n0\n"));
+  EXPECT_EQ(library_.XSects[1].Description, k99Words);
 }
 
-TEST(LibraryFile, RefusesAnEntryThatCouldNotBeReadBack) {
-  const TempFolder folder;
-  ScriptedUi ui;
-  ui.Answers = {Answer::Abort};
-  XSectLibrary library = SampleLibrary();
-  library.XSects[2].Name = " \t";
-  EXPECT_FALSE(SaveXSGFile(library, {}, ui, "a.xsg"));
-  EXPECT_THAT(ui.LastMessage(), testing::HasSubstr("cross section 2 of the library has no name"));
-  EXPECT_THAT(ui.LastMessage(), testing::HasSubstr("in procedure \"SaveXSGFile\""));
-  EXPECT_EQ(folder.Entries(), "");
+TEST_F(LibraryFile, RefusesAnEntryThatCouldNotBeReadBack) {
+  const std::array<std::string, 3> rows[] = {
+      {" \t", "", "has no name"},
+      {"A B", "", "has a blank in its name, A B"},
+      {"A", k99Words + "w", "has a description of more than 99 words"}};
+  for (const auto& [name, description, message] : rows) {
+    ui_.Answers = {Answer::Abort};
+    library_.XSects[2] = {name, description, 0, {}};
+    EXPECT_FALSE(Save());
+    EXPECT_THAT(ui_.LastMessage(), HasSubstr("cross section 2 of the library " + message));
+    EXPECT_EQ(folder_.Entries(), "");
+  }
 }
 
 }  // namespace
