@@ -191,15 +191,5 @@ TEST_F(ProjectWindow, OpensADroppedProjectAndListsOtherFiles) {
   EXPECT_EQ(project.OtherCount, 0);
 }
 
-TEST_F(ProjectWindow, ReadsTheNetworkForItsTab) {
-  MakeWindow();
-  OpenProject();
-  folder.Write("river.hnp", "Title\r\n1 1 2000 1 1 x\r\n");
-  ui.Answers = {Answer::Ignore, Answer::Abort};
-  Find<QTabWidget>("SSTabMain")->setCurrentIndex(1);
-  EXPECT_THAT(ui.Messages[0].Text, HasSubstr("error occurred on line 3"));
-  EXPECT_FALSE(Action("mnuEditItem3")->isEnabled()) << "names are replaced on the files tab only";
-}
-
 }  // namespace
 }  // namespace lomaris

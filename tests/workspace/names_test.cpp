@@ -5,7 +5,6 @@
 #include "desk_fixture.h"
 #include "workspace/file_edit.h"
 #include "workspace/global_replace.h"
-#include "workspace/shell_document.h"
 
 namespace lomaris {
 namespace {
@@ -99,18 +98,6 @@ TEST(FileEdit, CutsRemarksAndNeedsTheNetworkForFilesTiedToIt) {
   folder.Write("river.hnp", "");
   EXPECT_TRUE(prepare({.FileName = "a.lat"}).has_value());
   EXPECT_EQ(hydro.FileName, "river.hnp");
-}
-
-TEST(ShellDocument, TellsWhyItFailed) {
-  ScriptedUi ui;
-  FakeShell shell;
-  for (const int result : {31, 32, 7, 33}) {
-    shell.Result = result;
-    ShellDocument("a.doc", shell, ui);
-  }
-  ASSERT_EQ(ui.Messages.size(), 3u);
-  EXPECT_EQ(ui.Messages[0].Text, "No association for file extension\r\n\r\nDocument: a.doc");
-  EXPECT_EQ(ui.Messages[2].Text, "Unknown error\r\n\r\nDocument: a.doc");
 }
 
 }  // namespace

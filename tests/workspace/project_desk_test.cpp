@@ -116,27 +116,6 @@ TEST_F(DeskTest, AsksBeforeAReplacedNameOverwritesAProject) {
   EXPECT_EQ(view.RecentNames[0], other);
 }
 
-TEST_F(DeskTest, ACancelledRecentProjectChangesNothing) {
-  const std::string first = WriteProject("one.prj", "one.hnp");
-  ASSERT_TRUE(desk.OpenProject(first));
-  ASSERT_TRUE(desk.OpenProject(WriteProject("two.prj", "two.hnp")));
-  desk.FieldEdited();
-  ui.Answers = {Answer::Cancel};
-  EXPECT_FALSE(desk.OpenRecent(1));
-  EXPECT_EQ(view.RecentNames[1], first);
-}
-
-TEST_F(DeskTest, KeepsTheNameWhenASaveFails) {
-  ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
-  desk.FieldEdited();
-  ui.Files = {{folder.Path("missing/two.prj")}};
-  ui.Answers = {Answer::Abort};
-  EXPECT_FALSE(desk.SaveProject(true));
-  EXPECT_EQ(project.FileName, folder.Path("one.prj"));
-  EXPECT_TRUE(project.Dirty);
-  EXPECT_EQ(view.Title, "Lomaris - " + folder.Path("one.prj"));
-}
-
 TEST_F(DeskTest, EditsWhatASlotNames) {
   workbench.Editors = {"HNP", "BCF", "MET"};
   ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
