@@ -159,6 +159,23 @@ TEST_F(ProjectWindow, PopUpOffersWhatTheSlotAllows) {
   EXPECT_EQ(ui.Messages.back().Title, "Error");
 }
 
+TEST_F(ProjectWindow, EditMenuReachesTheControlWithTheFocus) {
+  MakeWindow();
+  OpenProject();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  Find<QToolButton>("btnBrowseSelect0")->setFocus();
+  for (const Qt::Key key : {Qt::Key_X, Qt::Key_C, Qt::Key_V}) {
+    QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier);  // nobody's: no harm
+  }
+  auto* text = Find<QLineEdit>("txtFile4");
+  text->setFocus();
+  text->setSelection(0, 4);
+  Action("mnuEditItem0")->trigger();
+  EXPECT_EQ(Text("txtFile4"), "shapes.xsg");
+  Action("mnuEditItem2")->trigger();
+  EXPECT_EQ(Text("txtFile4"), "old\\shapes.xsg");
+}
+
 TEST_F(ProjectWindow, AsksBeforeItCloses) {
   MakeWindow();
   OpenProject();

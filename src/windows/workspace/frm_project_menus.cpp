@@ -233,7 +233,8 @@ void frmProject::SendKeystroke(int key) {
   QWidget* target = QApplication::focusWidget();
   if (target == nullptr || ui_->SSTabMain->currentWidget() != ui_->tabFiles) return;
   QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
-  QApplication::sendEvent(target, &press);
+  // To the control alone: the application would take the keys for the menu's shortcut again.
+  static_cast<QObject*>(target)->event(&press);
 }
 
 void frmProject::ShowAbout() {
