@@ -120,6 +120,7 @@ TEST_F(ProjectFile, ABadSectionIsLeftByAbortAndSkippedByIgnore) {
     project_ = SampleProject();
     ui_.Answers = {Answer::Retry, Answer::Abort};
     EXPECT_FALSE(Load(text)) << section;
+    EXPECT_TRUE(ui_.Answers.empty()) << "Retry reads anew";
     EXPECT_EQ(project_, SampleProject());
     EXPECT_THAT(ui_.LastMessage(), HasSubstr("Error " + message + " in procedure \"LoadPRJFile\""));
     ui_.Answers = {Answer::Ignore};

@@ -4,7 +4,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
-#include <QTimer>
+#include <utility>
 
 #include "windows/core/qt_text.h"
 #include "workspace/status_texts.h"
@@ -23,24 +23,29 @@ QString PathTo(const QAction* entry, const QList<QAction*>& entries) {
   return {};
 }
 
-/// Stands between a window's menus and its status bar. Qt shows an entry's own status tip just
-/// behind the highlighting, so the text is handed to the entry as that.
+/// Stands between a window's menus and its status bar. Just behind each highlighting, and when the
+/// menus are left, Qt sends the window a status tip, which is empty: the text goes in its place.
 class MenuStatus : public QObject {
  public:
   explicit MenuStatus(QMainWindow& window) : QObject(&window), window_(window) {
-    connect(window.menuBar(), &QMenuBar::hovered, this, &MenuStatus::Show);
+    connect(window.menuBar(), &QMenuBar::hovered, this, &MenuStatus::Highlighted);
+    window.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::StatusTip) return false;
+    window_.statusBar()->showMessage(std::exchange(text_, {}));
+    return true;
   }
 
  private:
-  void Show(QAction* entry) {
-    QString path = PathTo(entry, window_.menuBar()->actions());
-    path = path.remove('&').section('\t', 0, 0);
-    entry->setStatusTip(ToQt(StatusText(FromQt(path))));
-    // A tool bar's button shares the entry, and is to say nothing.
-    QTimer::singleShot(0, entry, [entry] { entry->setStatusTip({}); });
+  void Highlighted(QAction* entry) {
+    const QString path = PathTo(entry, window_.menuBar()->actions()).remove('&');
+    text_ = ToQt(StatusText(FromQt(path.section('\t', 0, 0))));
   }
 
   QMainWindow& window_;
+  QString text_;  ///< of the entry that has just been highlighted
 };
 
 }  // namespace
