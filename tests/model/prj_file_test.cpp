@@ -101,14 +101,16 @@ TEST_F(ProjectFile, AFailureIsReportedAndLeavesTheRecord) {
     EXPECT_FALSE(LoadPRJFile(project_, ui_, name + " "));
     EXPECT_EQ(ui_.LastMessage(), "Project file " + name + " not found.");
   }
-  EXPECT_EQ(project_, before);
   EXPECT_EQ(folder_.Entries(), "");
+  ui_.Answers = {Answer::Abort};
+  EXPECT_FALSE(Load("VESKH_AUXILLARY_FILES:\n2\n1\t-1\na.bcf\n"));
+  EXPECT_THAT(ui_.LastMessage(), HasSubstr("Error 62 (Input past end of file: the file ends"));
+  EXPECT_EQ(project_, before);
 }
 
 TEST_F(ProjectFile, ABadSectionIsLeftByAbortAndSkippedByIgnore) {
   const std::string subscript = "9 (Subscript out of range: ";
   const std::pair<std::string, std::string> rows[] = {
-      {"H_AUXILLARY_FILES:\n1\n0\na.bcf", subscript + "0 is not within 1 to 20)"},
       {"H_AUXILLARY_FILES:\n1\n-21\na.bcf", subscript + "21 is not within 1 to 20)"},
       {"Q_AUXILLARY_FILES:\n2\n1\na.bcf\nb.bcf", subscript + "2 is not within 1 to 1)"},
       {"Q_AUXILLARY_FILES:\n-2\n1\n", subscript + "-2 is not within 0 to 40)"},

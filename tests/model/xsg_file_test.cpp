@@ -73,8 +73,7 @@ TEST_F(LibraryFile, NewAndEmptyFilesAreNoFailure) {
   EXPECT_EQ(ui_.LastMessage(),
             "Cross section library file new.xsg not found; it will now be created.");
   EXPECT_EQ(library_, SampleLibrary());
-  EXPECT_TRUE(Load(""));
-  EXPECT_TRUE(Save());
+  EXPECT_TRUE(Load("") && Save());
   EXPECT_EQ(folder_.Read("a.xsg"), "\r\n\r\n\r\n 0 \r\n");
 }
 
