@@ -13,6 +13,7 @@
 #include <cstdio>
 
 #include "windows/core/application.h"
+#include "windows/core/frm_select.h"
 #include "windows/core/frm_splash.h"
 #include "windows/core/help_window.h"
 #include "windows/core/qt_settings.h"
@@ -93,6 +94,13 @@ void ShowTheMenus(frmProject& window, Album& album) {
   }
 }
 
+void ShowTheList(Album& album) {
+  frmSelect list("Select Table in gauges.mdb",
+                 {"DAILY\t03/14/2024", "HOURLY\t03/15/2024", "STATIONS\t11/02/2019"});
+  list.show();
+  album.Keep(&list, "select");
+}
+
 void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
   QtSettings settings;
   QtShell shell;
@@ -113,6 +121,7 @@ void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
   window.OpenProject(project);
   ShowTheProject(window, album);
   ShowTheMenus(window, album);
+  ShowTheList(album);
   ShowHelpContents(1, settings);
   album.Keep(HelpWindow(), "help");
 

@@ -220,6 +220,12 @@ std::string TargetPath(std::string_view name, std::string_view besideFile) {
   return (folder ? *folder / path.filename() : path).string();
 }
 
+bool FolderExists(std::string_view fileName) {
+  const fs::path folder = fs::path(TargetPath(fileName)).parent_path();
+  std::error_code failed;
+  return folder.empty() || fs::is_directory(folder, failed);
+}
+
 void MoveToFolderOf(std::string_view fileName) {
   const fs::path folder = PlatformPath(FolderOf(fileName));
   std::error_code leftAlone;

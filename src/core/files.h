@@ -31,6 +31,9 @@ std::optional<std::string> FindFile(std::string_view name, std::string_view besi
 /// folder of `besideFile`; in the current directory where that has none.
 std::string TargetPath(std::string_view name, std::string_view besideFile = {});
 
+/// Whether the folder is there that a file of this name lies in, or would lie in.
+bool FolderExists(std::string_view fileName);
+
 /// Moves the current directory to the folder of a file; a folder that is not there is left alone.
 void MoveToFolderOf(std::string_view fileName);
 

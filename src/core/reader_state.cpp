@@ -1,5 +1,7 @@
 #include "core/reader_state.h"
 
+#include <algorithm>
+
 #include <fmt/format.h>
 
 #include "core/encoding.h"

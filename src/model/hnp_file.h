@@ -46,6 +46,7 @@ bool LoadHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::str
 /// Refuses a network in which two cross sections have the same name. On success the project takes
 /// the boundary and auxiliary names of `hydro`, and is dirty when that changed one of them.
 ///
+/// A date that no file can hold is reported where it is broken up, and then ends the save.
 /// False when the file was not written; the user has been told by then, and the old file is whole.
 bool SaveHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::string& fileName);
 

@@ -16,8 +16,8 @@ namespace lomaris {
 // What the readers and writers of the model's text files have in common.
 
 /// The path of an input file; nothing when there is no file of that name, which is told: `kind`
-/// ("Hydrodynamic file") and the name. A name without a directory is looked up beside `projectFile`
-/// as well.
+/// ("Hydrodynamic file") and the name. A name that is not absolute is looked up beside
+/// `projectFile` first.
 std::optional<std::string> FindInputFile(std::string_view kind, const std::string& name,
                                          const std::string& projectFile, Ui& ui);
 

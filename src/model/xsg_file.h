@@ -30,9 +30,9 @@ namespace lomaris {
 bool LoadXSGFile(XSectLibrary& library, const ProjectData& project, Ui& ui,
                  const std::string& fileName);
 
-/// Points are stored to 0.01 ft, names are cut to 8 characters; an entry without a name, which
-/// could not be read back, is refused. False when the file could not be written; the user has been
-/// told by then, and the old file is whole.
+/// Points are stored to 0.01 ft, names are cut to 8 characters; an entry that could not be read
+/// back (no name, a blank in it, more than 99 words of description) is refused. False when the file
+/// could not be written; the user has been told by then, and the old file is whole.
 bool SaveXSGFile(XSectLibrary& library, const ProjectData& project, Ui& ui,
                  const std::string& fileName);
 

@@ -22,7 +22,7 @@ bool NeedsNetwork(std::string_view kind) {
 bool LoadNetwork(HydroInput& hydro, ProjectData& project, Ui& ui) {
   if (hydro.HydroLoaded && hydro.Dirty) return true;
   const std::optional<std::string> named = FindFile(project.HydroFile, project.FileName);
-  if (!named) return false;
+  if (!named) return hydro.HydroLoaded;
   if (hydro.HydroLoaded && FindFile(hydro.FileName, project.FileName) == named) return true;
   return LoadHNPFile(hydro, project, ui, project.HydroFile) && hydro.HydroLoaded;
 }

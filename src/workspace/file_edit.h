@@ -12,7 +12,8 @@ namespace lomaris {
 
 /// What is to be done before a file is opened in its editor. A name may carry a remark in brackets,
 /// which is cut off; its last three characters are its type. A type that needs the network has the
-/// project's hydrodynamic file loaded into `hydro`, if none is there yet.
+/// project's hydrodynamic file loaded into `hydro`, unless that is its network already, or has
+/// unsaved changes.
 /// Returns the request with name and type set; nothing when there is nothing to open or the network
 /// cannot be loaded (which has been told by then).
 std::optional<EditRequest> PrepareFileEdit(EditRequest request, HydroInput& hydro,

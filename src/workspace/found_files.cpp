@@ -1,6 +1,7 @@
 #include "workspace/found_files.h"
 
 #include <filesystem>
+#include <optional>
 
 #include "core/files.h"
 #include "core/text.h"
@@ -9,11 +10,11 @@
 
 namespace lomaris {
 
-FoundFiles FilesFoundBy(const ProjectData& project) {
+FoundFiles FilesFoundBy(const ProjectData& project, const std::string& projectFile) {
   FoundFiles found;
   const auto look = [&](const std::string& name) {
     if (!NamesAFile(name)) return;
-    const std::optional<std::string> path = FindFile(name, project.FileName);
+    const std::optional<std::string> path = FindFile(name, projectFile);
     std::error_code failed;
     found[name] = path ? std::filesystem::canonical(*path, failed).string() : std::string();
   };

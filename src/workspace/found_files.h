@@ -11,7 +11,8 @@ namespace lomaris {
 /// The file that is found for each name in a project; an empty path where there is none.
 using FoundFiles = std::map<std::string, std::string>;
 
-FoundFiles FilesFoundBy(const ProjectData& project);
+/// `projectFile` is where the project lies.
+FoundFiles FilesFoundBy(const ProjectData& project, const std::string& projectFile);
 
 /// A project that was saved in another directory may find other files, or none, under names that
 /// hold no directory: those names are told.

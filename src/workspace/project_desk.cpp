@@ -1,12 +1,12 @@
 #include "workspace/project_desk.h"
 
-#include <filesystem>
 #include <utility>
 
 #include <fmt/format.h>
 
 #include "core/error_report.h"
 #include "core/files.h"
+#include "core/program.h"
 #include "core/save_file.h"
 #include "core/text.h"
 #include "import/browse_file.h"
@@ -22,12 +22,6 @@ namespace {
 
 constexpr const char* kWebSite = "https://www.tavresk.example/";
 constexpr const char* kTechSupport = "mailto:support@tavresk.example";
-
-bool FolderExists(const std::string& fileName) {
-  std::error_code failed;
-  return std::filesystem::is_directory(std::filesystem::path(TargetPath(fileName)).parent_path(),
-                                       failed);
-}
 
 }  // namespace
 
@@ -183,16 +177,17 @@ bool ProjectDesk::MayOverwrite(const std::string& name) {
 bool ProjectDesk::WriteProject(bool saveAs) {
   ProjectData& project = around_.Project;
   if (!SaveForm()) return false;
-  const FoundFiles before = FilesFoundBy(project);
+  const FoundFiles before = FilesFoundBy(project, nameOnDisk_);
   const std::string name = NameToSaveUnder(saveAs);
   if (name.empty() || !SavePRJFile(project, around_.Screen, name)) return false;
   project.FileName = name;
   nameNotLoaded_.clear();
-  if (std::exchange(nameOnDisk_, name) == name) return true;
   ShowCaption();
+  if (std::exchange(nameOnDisk_, name) == name) return true;
+  MoveToFolderOf(name);
   recent_.AddToMRU(name);
   KeepRecent();
-  TellOfOtherFilesFound(before, FilesFoundBy(project), around_.Screen);
+  TellOfOtherFilesFound(before, FilesFoundBy(project, name), around_.Screen);
   return true;
 }
 
@@ -239,9 +234,14 @@ void ProjectDesk::AddOtherFiles(const std::vector<std::string>& paths) {
   Run("AddOtherFile", [&] {
     ProjectForm form = view_.Form();
     bool added = false;
-    for (const std::string& path : paths) added = AddOtherFile(form, path) || added;
+    bool full = false;
+    for (const std::string& path : paths) {
+      const OtherFileEnd end = AddOtherFile(form, path);
+      added = added || end == OtherFileEnd::Added;
+      full = full || end == OtherFileEnd::ListIsFull;
+    }
     if (added) ShowChanged(form);
-    if (form.OtherFiles.size() == kMostOtherFiles && !paths.empty()) {
+    if (full) {
       around_.Screen.ShowMessage({.Text = fmt::format("The list is full: a project has at most {} "
                                                       "other files.",
                                                       kMostOtherFiles)});
@@ -276,9 +276,11 @@ std::string ProjectDesk::LoadNetwork() {
     const std::string& name = around_.Project.HydroFile;
     if (!NamesAFile(name)) return;
     text = "The network could not be read from " + name + ".";
-    if (!FindFile(name, around_.Project.FileName)) return;
-    // Changes that wait in the editor are not read over.
-    if (!hydro.Dirty && !LoadHNPFile(hydro, around_.Project, around_.Screen, name)) return;
+    // Changes that wait in the editor are not read over, and a missing file is no new one here.
+    if (!hydro.Dirty && !(FindFile(name, around_.Project.FileName) &&
+                          LoadHNPFile(hydro, around_.Project, around_.Screen, name))) {
+      return;
+    }
     text = fmt::format("{}: {} branches, {} cross sections.\nThe network is not drawn yet.",
                        hydro.FileName, hydro.BranchCount, hydro.XSectCount);
   });

@@ -49,8 +49,6 @@ class ProjectDesk {
   /// The user has changed a field.
   void FieldEdited();
 
-  const RecentFiles& Recent() const { return recent_; }
-
   // --- Projects. False: the action was stopped, by the user or by a failure.
   bool Open();
   bool OpenProject(const std::string& fileName);
@@ -125,8 +123,9 @@ class ProjectDesk {
   std::string nameOnDisk_;
 
   /// The file of a load that failed; empty when it did not. It is the name that the next save
-  /// proposes: asked for, since that file holds something else and is not to be overwritten by
-  /// mistake. Until then the names of the project keep their meaning beside the former file.
+  /// proposes, and asks for: that file holds something else, and the dialog asks once more before
+  /// it is overwritten. Until then the names of the project keep their meaning beside the former
+  /// file.
   std::string nameNotLoaded_;
 };
 

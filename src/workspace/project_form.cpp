@@ -58,18 +58,17 @@ std::int16_t StoreTexts(const std::vector<std::string>& texts, BoundedArray<std:
 
 }  // namespace
 
-bool AddOtherFile(ProjectForm& form, std::string_view path) {
+OtherFileEnd AddOtherFile(ProjectForm& form, std::string_view path) {
   const std::string name(path.substr(0, path.find('\0')));
   const bool known =
       std::any_of(form.OtherFiles.begin(), form.OtherFiles.end(),
                   [&](const std::string& other) { return EqualIgnoringCase(other, name); });
   std::error_code failed;
-  if (known || form.OtherFiles.size() >= kMostOtherFiles ||
-      std::filesystem::is_directory(name, failed)) {
-    return false;
-  }
+  if (known) return OtherFileEnd::IsThere;
+  if (std::filesystem::is_directory(name, failed)) return OtherFileEnd::IsFolder;
+  if (form.OtherFiles.size() >= kMostOtherFiles) return OtherFileEnd::ListIsFull;
   form.OtherFiles.push_back(name);
-  return true;
+  return OtherFileEnd::Added;
 }
 
 ProjectForm FormOf(const ProjectData& project, Ui& ui) {

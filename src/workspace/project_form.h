@@ -28,9 +28,12 @@ struct ProjectForm {
   bool operator==(const ProjectForm&) const = default;
 };
 
+/// How it went to add an other file.
+enum class OtherFileEnd { Added, IsThere, IsFolder, ListIsFull };
+
 /// Adds the part of `path` before any NUL to the other files, unless it is there already in any
-/// case of letters. False when it is, when it is a folder, or when the list is full.
-bool AddOtherFile(ProjectForm& form, std::string_view path);
+/// case of letters.
+OtherFileEnd AddOtherFile(ProjectForm& form, std::string_view path);
 
 /// The record as the window shows it. Each other file that no longer exists is told of and dropped.
 ProjectForm FormOf(const ProjectData& project, Ui& ui);

@@ -18,6 +18,12 @@ class RecentFiles {
   /// Puts a name first, whether it was in the list or not.
   void AddToMRU(const std::string& name);
 
+  /// Reads the stored names; those whose file is gone are left out.
+  void LoadMRU(const Settings& settings);
+
+  void SaveMRU(Settings& settings) const;
+
+ private:
   std::optional<std::size_t> FindInMRU(const std::string& name) const;
 
   /// Puts a new name first; the ninth falls off.
@@ -25,12 +31,6 @@ class RecentFiles {
 
   void MoveMRUToTop(std::size_t index);
 
-  /// Reads the stored names; those whose file is gone are left out.
-  void LoadMRU(const Settings& settings);
-
-  void SaveMRU(Settings& settings) const;
-
- private:
   std::vector<std::string> names_;
 };
 

@@ -1,5 +1,6 @@
 // What the project window does with the file of a slot, and with files outside of the project.
 
+#include <optional>
 #include <utility>
 
 #include "core/error_report.h"
@@ -8,6 +9,7 @@
 #include "core/text.h"
 #include "import/browse_file.h"
 #include "model/file_names.h"
+#include "workspace/file_slots.h"
 #include "workspace/project_desk.h"
 #include "workspace/shell_document.h"
 

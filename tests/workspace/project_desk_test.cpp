@@ -102,7 +102,8 @@ TEST_F(DeskTest, TellsWhichNamesMeanOtherFilesAfterASaveElsewhere) {
 
 TEST_F(DeskTest, AsksBeforeAReplacedNameOverwritesAProject) {
   const std::string other = WriteProject("new/one.prj", "other.hnp");
-  ASSERT_TRUE(desk.OpenProject(WriteProject("old/one.prj", "old/one.hnp")));
+  folder.Write("old/one.hnp", "");
+  ASSERT_TRUE(desk.OpenProject(WriteProject("old/one.prj", "one.hnp")));
   ui.Texts = {"/OLD/", "/new/"};
   desk.Replace();
   EXPECT_EQ(view.Title, "Lomaris - " + other);
@@ -113,6 +114,7 @@ TEST_F(DeskTest, AsksBeforeAReplacedNameOverwritesAProject) {
   ui.Answers = {Answer::Yes};
   EXPECT_TRUE(desk.SaveProject(false));
   EXPECT_THAT(folder.Read("new/one.bak"), HasSubstr("other.hnp"));
+  EXPECT_THAT(ui.LastMessage(), HasSubstr("\r\none.hnp\r\n")) << "it is found in the old folder";
   EXPECT_EQ(view.RecentNames[0], other);
 }
 

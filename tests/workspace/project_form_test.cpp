@@ -84,8 +84,8 @@ TEST(ProjectForm, TellsOfOtherFilesThatAreGone) {
 
 TEST(ProjectForm, ListsAnOtherFileOnceAndFiftyAtMost) {
   ProjectForm form;
-  EXPECT_TRUE(AddOtherFile(form, std::string_view("A/Notes.txt\0rest", 16)));
-  EXPECT_FALSE(AddOtherFile(form, "a/NOTES.TXT"));
+  EXPECT_EQ(AddOtherFile(form, std::string_view("A/Notes.txt\0rest", 16)), OtherFileEnd::Added);
+  EXPECT_EQ(AddOtherFile(form, "a/NOTES.TXT"), OtherFileEnd::IsThere);
   EXPECT_THAT(form.OtherFiles, ElementsAre("A/Notes.txt"));
   for (int i = 1; i < 60; ++i) AddOtherFile(form, std::to_string(i));
   EXPECT_EQ(form.OtherFiles.size(), 50u);

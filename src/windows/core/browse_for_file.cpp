@@ -4,14 +4,17 @@
 
 #include "import/browse_file.h"
 #include "windows/core/qt_text.h"
+#include "workspace/file_slots.h"
 
 namespace lomaris {
 namespace {
 
 /// The dialog starts at the file that stands in the control, which is given back when cancelled.
 QString Browse(const std::string& filter, const QString& present, Ui& ui, Settings& settings) {
-  BrowseRequest request{.Filter = filter, .Title = "Open", .FileName = FromQt(present)};
-  return ToQt(BrowseFile(request, ui, settings));
+  BrowseRequest request{
+      .Filter = filter, .Title = "Open", .FileName = NameBeforeRemark(FromQt(present))};
+  const std::vector<std::string> chosen = BrowseFiles(request, ui, settings);
+  return chosen.empty() ? present : ToQt(chosen.front());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include "core/files.h"
 #include "windows/core/file_filter.h"
@@ -46,10 +47,6 @@ void Prepare(QFileDialog& window, const FileDialog& dialog) {
   if (!name.isEmpty() && !IsPattern(name)) window.selectFile(name);
 }
 
-bool FolderExists(const QString& file) {
-  return QFileInfo(file).dir().exists();
-}
-
 }  // namespace
 
 std::vector<std::string> ShowFileDialog(const FileDialog& dialog, QWidget* parent, Ui& ui) {
@@ -57,7 +54,7 @@ std::vector<std::string> ShowFileDialog(const FileDialog& dialog, QWidget* paren
   Prepare(window, dialog);
   while (window.exec() == QDialog::Accepted) {
     const QStringList chosen = window.selectedFiles();
-    if ((dialog.Flags & kPathMustExist) != 0 && !FolderExists(chosen.first())) {
+    if ((dialog.Flags & kPathMustExist) != 0 && !FolderExists(FromQt(chosen.first()))) {
       ui.ShowMessage({.Text = FromQt(chosen.first()) +
                               "\r\nPath does not exist.\r\nPlease verify the correct path was "
                               "given.",

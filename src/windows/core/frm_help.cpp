@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <algorithm>
 
 #include "ui_frm_help.h"
@@ -55,7 +56,8 @@ void frmHelp::ShowTopic(int topic) {
 }
 
 void frmHelp::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange) ShowPageAgain();
+  const bool shows = ui_->txtPage != nullptr && ui_->txtPage->source().isValid();
+  if (event->type() == QEvent::PaletteChange && shows) ShowPageAgain();
   QWidget::changeEvent(event);
 }
 

@@ -93,10 +93,9 @@ QString TitleOf(const std::string& title) {
 
 QWidget* QtUi::DialogParent() {
   QWidget* window = QApplication::activeWindow();
+  if (window != nullptr && window->isModal()) return window;
   // Not the splash, which deletes itself and what belongs to it.
-  if (window != nullptr && (window->windowType() == Qt::Window || window->isModal())) {
-    lastActive_ = window;
-  }
+  if (window != nullptr && window->windowType() == Qt::Window) lastActive_ = window;
   return lastActive_ != nullptr && lastActive_->isVisible() ? lastActive_ : nullptr;
 }
 

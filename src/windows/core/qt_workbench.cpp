@@ -54,11 +54,12 @@ void QtWorkbench::FileEdit(const EditRequest& request) {
     ui_.ShowMessage({.Text = "There is no editor for this type of file: " + prepared->Kind});
     return;
   }
+  const bool isNew = !editors_.at(prepared->Kind).Open;
   trap.Run([&] { window = ShowEditor(prepared->Kind); });
   const StepEnd end = trap.Run([&] {
     if (window) window->Initialize(*prepared);
   });
-  if (end == StepEnd::Left && window) window->close();
+  if (end == StepEnd::Left && isNew && window) window->close();
 }
 
 EditorWindow* QtWorkbench::ShowEditor(const std::string& kind) {

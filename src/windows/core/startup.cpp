@@ -1,6 +1,7 @@
 #include "windows/core/startup.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QFileInfo>
 
 #include "core/error_report.h"

@@ -18,12 +18,18 @@
 #include "windows/core/whats_this.h"
 #include "windows/core/window_placement.h"
 #include "windows/workspace/ui_frm_project.h"
+#include "workspace/file_slots.h"
 
 namespace lomaris {
 namespace {
 
 constexpr int kFilesTab = 0;
 constexpr int kDiagramTab = 1;
+
+void ShowNormalised(QLineEdit& text) {
+  const QString name = ToQt(NormaliseFileName(FromQt(text.text()), true));
+  if (name != text.text()) text.setText(name);
+}
 
 bool IsOneProject(const std::vector<std::string>& paths) {
   return paths.size() == 1 && EqualIgnoringCase(ExtensionOf(paths.front()), "prj");
@@ -84,10 +90,18 @@ void frmProject::ConnectText(QLineEdit* text) {
     desk_.FieldEdited();
     SetSlotActions();
   });
-  connect(text, &QLineEdit::editingFinished, this, [text] {
-    const QString name = ToQt(NormaliseFileName(FromQt(text->text()), true));
-    if (name != text->text()) text->setText(name);
-  });
+  connect(text, &QLineEdit::returnPressed, this, [text] { ShowNormalised(*text); });
+  text->installEventFilter(this);
+}
+
+/// A slot that was left empty says so; not yet when a menu is opened, from which a name may come.
+bool frmProject::eventFilter(QObject* watched, QEvent* event) {
+  auto* text = qobject_cast<QLineEdit*>(watched);
+  if (text != nullptr && event->type() == QEvent::FocusOut) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason != Qt::MenuBarFocusReason && reason != Qt::PopupFocusReason) ShowNormalised(*text);
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 ProjectForm frmProject::Form() const {

@@ -35,6 +35,7 @@ class frmProject : public QMainWindow, private ProjectView {
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   ProjectForm Form() const override;

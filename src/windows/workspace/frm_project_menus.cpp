@@ -1,6 +1,7 @@
 // The menus, tool bars and buttons of the project window: what they do and when they are offered.
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -8,6 +9,8 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QWhatsThis>
+#include <functional>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -18,6 +21,7 @@
 #include "windows/core/themed_icon.h"
 #include "windows/workspace/frm_project.h"
 #include "windows/workspace/ui_frm_project.h"
+#include "workspace/file_slots.h"
 
 namespace lomaris {
 namespace {
