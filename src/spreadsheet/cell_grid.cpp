@@ -1,0 +1,186 @@
+#include "spreadsheet/cell_grid.h"
+
+#include <cstdint>
+#include <iterator>
+#include <string>
+#include <utility>
+
+#include "core/run_time_error.h"
+
+namespace lomaris {
+namespace {
+
+// Far above what an editor shows: only a wrong count gets here.
+constexpr std::int64_t kMostStoredCells = 10'000'000;
+
+std::size_t Checked(int index, int count) {
+  if (index < 0 || index >= count) {
+    throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "cell " + std::to_string(index));
+  }
+  return static_cast<std::size_t>(index);
+}
+
+int& LineOf(CellPlace& place, Axis axis) {
+  return axis == Axis::Rows ? place.Row : place.Col;
+}
+
+/// Moves `count` entries from place `first` of `from` into a vector of their own.
+template <class T>
+std::vector<T> TakeRange(std::vector<T>& from, std::size_t first, std::size_t count) {
+  const auto begin = from.begin() + static_cast<std::ptrdiff_t>(first);
+  const auto end = begin + static_cast<std::ptrdiff_t>(count);
+  std::vector<T> taken(std::make_move_iterator(begin), std::make_move_iterator(end));
+  from.erase(begin, end);
+  return taken;
+}
+
+template <class T>
+void PutRange(std::vector<T>& into, std::size_t first, std::vector<T>& range) {
+  into.insert(into.begin() + static_cast<std::ptrdiff_t>(first),
+              std::make_move_iterator(range.begin()), std::make_move_iterator(range.end()));
+}
+
+}  // namespace
+
+std::size_t CellGrid::RowIndex(int row) const {
+  return Checked(row, rows_);
+}
+std::size_t CellGrid::ColIndex(int col) const {
+  return Checked(col, cols_);
+}
+std::size_t CellGrid::Index(int row, int col) const {
+  return RowIndex(row) * static_cast<std::size_t>(cols_) + ColIndex(col);
+}
+
+Format CellGrid::OwnFormat(int row, int col) const {
+  const auto own = formats_.find({row, col});
+  return own == formats_.end() ? Format{} : own->second;
+}
+
+void CellGrid::SetOwnFormat(int row, int col, Format format) {
+  Index(row, col);
+  if (format.Kind == FormatKind::Text) {
+    formats_.erase({row, col});
+  } else {
+    formats_.insert_or_assign({row, col}, std::move(format));
+  }
+}
+
+const Format& CellGrid::FormatOf(int row, int col) const {
+  if (formats_.empty()) return ColFormat(col);
+  const auto own = formats_.find({row, col});
+  return own == formats_.end() ? ColFormat(col) : own->second;
+}
+
+CellLines CellGrid::BlankLines(Axis axis, int count) const {
+  CellLines lines{.Count = count};
+  const auto size = static_cast<std::size_t>(count);
+  const int across = axis == Axis::Rows ? cols_ : rows_;
+  if (std::int64_t{count} * across > kMostStoredCells) throw RuntimeError(ErrorNumber::OutOfMemory);
+  lines.Cells.resize(size * static_cast<std::size_t>(across));
+  if (axis == Axis::Rows) {
+    lines.RowLocks.resize(size);
+  } else {
+    lines.ColFormats.resize(size);
+  }
+  return lines;
+}
+
+void CellGrid::MoveFormats(Axis axis, int first, int by) {
+  std::map<CellPlace, Format> moved;
+  for (auto& [place, format] : formats_) {
+    CellPlace target = place;
+    if (LineOf(target, axis) >= first) LineOf(target, axis) += by;
+    moved.emplace_hint(moved.end(), target, std::move(format));
+  }
+  formats_ = std::move(moved);
+}
+
+void CellGrid::TakeCells(Axis axis, int first, CellLines& lines) {
+  const auto cols = static_cast<std::size_t>(cols_);
+  const auto from = static_cast<std::size_t>(first);
+  const auto count = static_cast<std::size_t>(lines.Count);
+  if (axis == Axis::Rows) {
+    lines.Cells = TakeRange(cells_, from * cols, count * cols);
+    return;
+  }
+  std::vector<Cell> kept;
+  kept.reserve(cells_.size());
+  for (std::size_t i = 0; i < cells_.size(); ++i) {
+    const bool taken = i % cols >= from && i % cols < from + count;
+    (taken ? lines.Cells : kept).push_back(std::move(cells_[i]));
+  }
+  cells_ = std::move(kept);
+}
+
+CellLines CellGrid::Take(Axis axis, int first, int count) {
+  if (count < 0 || first < 0 || first > Lines(axis) - count) Checked(first + count, Lines(axis));
+  CellLines lines{.Count = count};
+  for (auto own = formats_.begin(); own != formats_.end();) {
+    CellPlace place = own->first;
+    int& line = LineOf(place, axis);
+    line -= first;
+    const bool taken = line >= 0 && line < count;
+    if (taken) lines.Formats.emplace(place, std::move(own->second));
+    own = taken ? formats_.erase(own) : std::next(own);
+  }
+  MoveFormats(axis, first + count, -count);
+  TakeCells(axis, first, lines);
+  if (axis == Axis::Rows) {
+    lines.RowLocks =
+        TakeRange(rowLocks_, static_cast<std::size_t>(first), static_cast<std::size_t>(count));
+    rows_ -= count;
+  } else {
+    lines.ColFormats =
+        TakeRange(colFormats_, static_cast<std::size_t>(first), static_cast<std::size_t>(count));
+    cols_ -= count;
+  }
+  return lines;
+}
+
+void CellGrid::PutCells(Axis axis, int first, CellLines& lines) {
+  const auto cols = static_cast<std::size_t>(cols_);
+  const auto at = static_cast<std::size_t>(first);
+  if (axis == Axis::Rows) {
+    PutRange(cells_, at * cols, lines.Cells);
+    return;
+  }
+  const auto count = static_cast<std::ptrdiff_t>(lines.Count);
+  std::vector<Cell> wider;
+  wider.reserve(cells_.size() + lines.Cells.size());
+  auto from = lines.Cells.begin();
+  for (std::size_t row = 0; row < static_cast<std::size_t>(rows_); ++row) {
+    const auto old =
+        std::make_move_iterator(cells_.begin() + static_cast<std::ptrdiff_t>(row * cols));
+    const auto split = old + static_cast<std::ptrdiff_t>(at);
+    wider.insert(wider.end(), old, split);
+    wider.insert(wider.end(), std::make_move_iterator(from), std::make_move_iterator(from + count));
+    wider.insert(wider.end(), split, old + static_cast<std::ptrdiff_t>(cols));
+    from += count;
+  }
+  cells_ = std::move(wider);
+}
+
+void CellGrid::Put(Axis axis, int first, CellLines lines) {
+  if (first != Lines(axis)) Checked(first, Lines(axis));
+  const std::int64_t across = axis == Axis::Rows ? cols_ : rows_;
+  if (across * (std::int64_t{Lines(axis)} + lines.Count) > kMostStoredCells) {
+    throw RuntimeError(ErrorNumber::OutOfMemory);
+  }
+  MoveFormats(axis, first, lines.Count);
+  PutCells(axis, first, lines);
+  for (auto& [place, format] : lines.Formats) {
+    CellPlace target = place;
+    LineOf(target, axis) += first;
+    formats_.insert_or_assign(target, std::move(format));
+  }
+  if (axis == Axis::Rows) {
+    PutRange(rowLocks_, static_cast<std::size_t>(first), lines.RowLocks);
+    rows_ += lines.Count;
+  } else {
+    PutRange(colFormats_, static_cast<std::size_t>(first), lines.ColFormats);
+    cols_ += lines.Count;
+  }
+}
+
+}  // namespace lomaris

@@ -1,0 +1,154 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "spreadsheet/cell_grid.h"
+#include "spreadsheet/sheet_history.h"
+
+namespace lomaris {
+
+/// What a sheet tells its owner and the view that shows it. Any of them may be left empty.
+///
+/// An owner with tables that run along with the rows changes them in the Before events, which also
+/// come when a step is undone or redone. What an owner writes into the sheet from an event belongs
+/// to the step that raised it; while a step is undone or redone such writes are dropped, because
+/// the step holds what they were. An event that fails ends its step, which is taken back; while a
+/// step is undone or redone an event must not fail.
+struct SheetEvents {
+  /// After any edit or command, undone and redone ones included. Not after the owner's own writes.
+  std::function<void()> Change = {};
+
+  std::function<void(int first, int count, bool& cancel)> BeforeRowInsert = {};
+  std::function<void(int first, int count, bool& cancel)> BeforeRowDelete = {};
+  std::function<void(int first, int count)> AfterRowInsert = {};
+  std::function<void(int first, int count)> AfterRowDelete = {};
+
+  /// For the view: what it shows is out of date; `shape`: the number of rows or columns as well.
+  /// It comes after each write of the owner, too, so the view should gather them.
+  std::function<void(bool shape)> Refresh = {};
+};
+
+/// The model of the one table editor: texts with formats, what may be edited, the selection, and
+/// the history of what was done. Rows and columns count from 0, the fixed ones first; those are
+/// heads, which no command changes.
+///
+/// The owner fills the sheet with the `Set...` routines. Outside a step they load: the history is
+/// forgotten, because it tells of other content. A row or column that is not there is error 9.
+class Sheet {
+ public:
+  explicit Sheet(int rows = 2, int cols = 2, int fixedRows = 1, int fixedCols = 1);
+
+  bool ReadOnly = false;  ///< the whole table refuses edits
+  int ReadOnlyRows = 0;   ///< so many rows behind the fixed ones refuse edits
+  int ReadOnlyCols = 0;
+  bool Modified = false;  ///< set by every change; the owner clears it
+  bool GridEdit = true;   ///< cells can be edited in place
+  SheetEvents Events;
+
+  int Rows() const { return grid_.Rows(); }
+  int Cols() const { return grid_.Cols(); }
+  int FixedRows() const { return fixedRows_; }
+  int FixedCols() const { return fixedCols_; }
+  void SetFixed(int rows, int cols);
+  void SetRows(int rows) { SetLines(Axis::Rows, rows); }
+  void SetCols(int cols) { SetLines(Axis::Cols, cols); }
+
+  /// The fixed first column shows 1, 2, ... from the first row that is not fixed.
+  bool NumberRows() const { return numberRows_; }
+  void SetNumberRows(bool numberRows);
+
+  const std::string& TextMatrix(int row, int col) const { return grid_.At(row, col).Text; }
+  const Cell& At(int row, int col) const { return grid_.At(row, col); }
+
+  /// A text that is there already keeps the full date behind it.
+  void SetTextMatrix(int row, int col, std::string text) { SetCell(row, col, {std::move(text)}); }
+  void SetCell(int row, int col, Cell cell);
+
+  /// Shows a date-time in the cells' form and keeps it whole behind the text.
+  void SetDate(int row, int col, ModelDateTime dateTime);
+
+  /// The date of a cell: the full one while its text is what it was when the date was set, else
+  /// what the text says; nothing when that is no date.
+  std::optional<ModelDateTime> DateOf(int row, int col) const;
+
+  /// Heads in the first row; a "|" breaks the line.
+  void SetColHeadings(std::span<const std::pair<int, std::string>> headings);
+
+  /// One more row at the end, its texts separated by tabs from the first column on.
+  void AddItem(std::string_view texts);
+
+  void SetColFormat(int col, Format format) { grid_.ColFormat(col) = std::move(format); }
+  /// Kind 0: the column's format holds.
+  void SetCellFormat(int row, int col, Format format) {
+    grid_.SetOwnFormat(row, col, std::move(format));
+  }
+  const Format& FormatOf(int row, int col) const { return grid_.FormatOf(row, col); }
+
+  bool ReadOnlyRow(int row) const { return grid_.RowLocked(row); }
+  void SetReadOnlyRow(int row, bool readOnly) { grid_.SetRowLocked(row, readOnly); }
+  bool IsReadOnly(int row, int col) const;
+  bool CanEdit(int row, int col) const { return GridEdit && !IsReadOnly(row, col); }
+  /// Rows and columns that a command may take out, or insert others before.
+  bool IsFreeLine(Axis axis, int line) const;
+
+  /// Ends an edit with the text of the cell's editor. False: it was refused and nothing changed.
+  bool EndEdit(int row, int col, std::string_view text);
+  /// The same for a date picker.
+  bool EndEdit(int row, int col, ModelDateTime dateTime);
+
+  /// Kept within the cells that are not fixed, also when rows or columns go.
+  const Selection& Selected() const { return selected_; }
+  CellArea SelectedArea() const;
+  CellArea AllCells() const { return {fixedRows_, fixedCols_, Rows() - 1, Cols() - 1}; }
+  void Select(const Selection& selection);
+  void SelectArea(const CellArea& area) { Select({area.Top, area.Left, area.Bottom, area.Right}); }
+
+  /// Lines of empty cells before line `first`, or lines taken out. For rows the owner is asked
+  /// first: false when it cancels, and nothing has changed.
+  bool InsertLines(Axis axis, int first, int count);
+  bool DeleteLines(Axis axis, int first, int count);
+
+  bool CanUndo() const { return !ReadOnly && history_.Has(true); }
+  bool CanRedo() const { return !ReadOnly && history_.Has(false); }
+  /// False when there is nothing to undo, or when the owner cancelled one of its row events: the
+  /// sheet is then as it was.
+  bool Undo() { return CanUndo() && Travel(true); }
+  bool Redo() { return CanRedo() && Travel(false); }
+
+  /// Makes all that `work` writes one step of the history and raises `Change`. What it wrote is
+  /// taken back when it gives false or fails. A step within a step belongs to the outer one. Gives
+  /// what `work` gave.
+  bool AsStep(const std::function<bool()>& work);
+
+ private:
+  void SetLines(Axis axis, int count);
+  void ApplyLines(LineChange& change, bool insert);
+  void RecordLines(LineChange change);
+  void NumberFrom(int first);
+  void Refresh(bool shape) const;
+  bool AskBefore(const LineChange& change, bool insert) const;
+  void TellAfter(const LineChange& change, bool insert) const;
+  bool ChangeLines(LineChange change);
+  bool Travel(bool undo);
+  bool Replay(SheetStep& step, bool undo);
+  bool ReplayChange(SheetChange& change, bool undo, bool mayCancel);
+  void FinishStep();
+  void TakeBack();
+
+  CellGrid grid_;
+  int fixedRows_;
+  int fixedCols_;
+  bool numberRows_ = false;
+  Selection selected_;
+  SheetHistory history_;
+  SheetStep step_;          // the one under way
+  bool inStep_ = false;     // a step is under way
+  bool replaying_ = false;  // a step is being undone, redone or taken back
+};
+
+}  // namespace lomaris

@@ -1,0 +1,94 @@
+#include "spreadsheet/sheet_queries.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+
+namespace lomaris {
+namespace {
+
+CellPlace Towards(CellPlace place, Direction direction) {
+  switch (direction) {
+    case Direction::Up:
+      return {place.Row - 1, place.Col};
+    case Direction::Down:
+      return {place.Row + 1, place.Col};
+    case Direction::Left:
+      return {place.Row, place.Col - 1};
+    case Direction::Right:
+      break;
+  }
+  return {place.Row, place.Col + 1};
+}
+
+bool IsWithin(const CellArea& area, CellPlace place) {
+  return place.Row >= area.Top && place.Row <= area.Bottom && place.Col >= area.Left &&
+         place.Col <= area.Right;
+}
+
+}  // namespace
+
+std::optional<double> NumberOf(std::string_view text) {
+  if (!IsNumeric(text)) return std::nullopt;
+  return ToDouble(text);
+}
+
+std::string ClipText(const Sheet& sheet, const CellArea& area) {
+  std::string text;
+  for (int row = area.Top; row <= area.Bottom; ++row) {
+    if (row > area.Top) text += kLineBreak;
+    for (int col = area.Left; col <= area.Right; ++col) {
+      if (col > area.Left) text += '\t';
+      text += sheet.TextMatrix(row, col);
+    }
+  }
+  return text;
+}
+
+SelectionStatistics StatisticsOf(const Sheet& sheet, const CellArea& area) {
+  SelectionStatistics all{.Rows = area.Rows(), .Cols = area.Cols()};
+  for (int row = area.Top; row <= area.Bottom; ++row) {
+    for (int col = area.Left; col <= area.Right; ++col) {
+      const std::optional<double> number = NumberOf(sheet.TextMatrix(row, col));
+      if (!number) continue;
+      const bool first = all.Numbers++ == 0;
+      all.Sum += *number;
+      all.Minimum = first ? *number : Min(all.Minimum, *number);
+      all.Maximum = first ? *number : Max(all.Maximum, *number);
+    }
+  }
+  return all;
+}
+
+std::optional<CellPlace> FindNext(const Sheet& sheet, std::string_view text, CellPlace from) {
+  const CellArea area = sheet.AllCells();
+  if (text.empty() || area.Empty()) return std::nullopt;
+  const std::string wanted = UpperCase(text);
+  CellPlace place = IsWithin(area, from) ? from : CellPlace{area.Bottom, area.Right};
+  for (std::int64_t left = area.Count(); left > 0; --left) {
+    if (++place.Col > area.Right) place = {place.Row + 1, area.Left};
+    if (place.Row > area.Bottom) place.Row = area.Top;
+    const std::string& candidate = sheet.TextMatrix(place.Row, place.Col);
+    if (candidate.empty()) continue;
+    if (UpperCase(candidate).find(wanted) != std::string::npos) return place;
+  }
+  return std::nullopt;
+}
+
+CellPlace JumpTarget(const Sheet& sheet, CellPlace from, Direction direction) {
+  const CellArea area = sheet.AllCells();
+  const auto within = [&](CellPlace place) { return IsWithin(area, place); };
+  const auto filled = [&](CellPlace place) {
+    return within(place) && !sheet.TextMatrix(place.Row, place.Col).empty();
+  };
+  CellPlace place = from;
+  CellPlace next = Towards(place, direction);
+  const bool insideBlock = filled(place) && filled(next);
+  for (; within(next); next = Towards(next, direction)) {
+    if (insideBlock && !filled(next)) break;
+    place = next;
+    if (!insideBlock && filled(place)) break;
+  }
+  return place;
+}
+
+}  // namespace lomaris
