@@ -109,10 +109,10 @@ void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
   QtWorkbench workbench(hydro, data, ui, settings);
   const Tables tables = InitTables(ui);
 
-  frmSplash splash;
-  splash.show();
-  album.Keep(&splash, "splash");
-  splash.hide();
+  auto* splash = new frmSplash;  // deletes itself when it is closed
+  splash->show();
+  album.Keep(splash, "splash");
+  splash->close();
 
   frmProject window(data, hydro, tables, ui, settings, shell, workbench);
   window.resize(kWindowSize);
