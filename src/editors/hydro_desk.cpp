@@ -1,0 +1,199 @@
+#include "editors/hydro_desk.h"
+
+#include <utility>
+
+#include "core/error_report.h"
+#include "core/files.h"
+#include "core/save_file.h"
+#include "editors/own_change.h"
+#include "editors/step_sheet.h"
+#include "editors/typed_values.h"
+#include "editors/xsect_sheet.h"
+#include "model/file_names.h"
+#include "model/hnp_file.h"
+#include "model/xsg_file.h"
+
+namespace lomaris {
+namespace {
+
+constexpr int kHydroFilter = 0;
+constexpr int kSeedYears = 50;  ///< the model's day numbers run over after that
+
+}  // namespace
+
+std::string HydroCaption(const std::string& fileName) {
+  return "Hydrodynamic Input - " + fileName;
+}
+
+HydroDesk::HydroDesk(const EditorSurroundings& around, HydroView& view)
+    : around_(around), view_(view) {
+  SetUpGrids();
+}
+
+bool HydroDesk::Run(const char* routine, const std::function<bool()>& action) {
+  bool done = false;
+  Trap(around_.Screen, routine, "Form", "frmHydro").Run([&] { done = action(); });
+  return done;
+}
+
+void HydroDesk::SetUpGrids() {
+  SetUpSteps(timeSteps_, kTimeStepTable, around_.Screen);
+  SetUpSteps(results_, kPrintStepTable, around_.Screen);
+  SetUpXSects(xsects_, around_.Screen);
+  for (Sheet* sheet : {&timeSteps_, &results_, &xsects_}) {
+    sheet->Events.Change = [this] { Edited(); };
+  }
+}
+
+void HydroDesk::Tell(const std::string& text, const std::string& title) {
+  const bool isWarning = title == "Warning";
+  around_.Screen.ShowMessage(
+      {.Text = text, .Title = title, .BoxIcon = isWarning ? Icon::Warning : Icon::None});
+}
+
+void HydroDesk::Edited() {
+  if (!showing_ && open_) around_.Hydro.Dirty = true;
+}
+
+/// Changes that wait in memory, a renamed cross section of the library for one, are not read over.
+/// A file that is not there yet is a network without branches.
+bool HydroDesk::LoadNetwork(const std::string& fileName) {
+  HydroInput& hydro = around_.Hydro;
+  const auto path = FindFile(fileName, around_.Project.FileName);
+  const bool waits = hydro.HydroLoaded && hydro.Dirty && path &&
+                     FindFile(hydro.FileName, around_.Project.FileName) == path;
+  if (waits) return true;
+  HydroInput loaded;
+  if (!LoadHNPFile(loaded, around_.Project, around_.Screen, fileName)) return false;
+  if (!loaded.HydroLoaded) {
+    loaded.FileName = fileName;
+    loaded.LatFile = around_.Project.LatFileH;
+    loaded.WitFile = around_.Project.WitFileH;
+    loaded.XSGFile = around_.Project.XSGFileH;
+  }
+  hydro = std::move(loaded);
+  return true;
+}
+
+void HydroDesk::LoadLibrary() {
+  const std::string name = FileIn(around_.Project.XSGFileH);
+  library_ = {};
+  if (!LoadXSGFile(library_, around_.Project, around_.Screen, name)) {
+    Tell("Cannot load Cross section file: " + name, "Error");
+  }
+}
+
+bool HydroDesk::Open(const std::string& fileName) {
+  return Run("Initialize", [&] {
+    if (open_ && !MayDropChanges()) return false;
+    if (!LoadNetwork(fileName)) return false;
+    view_.SetCaption(HydroCaption(fileName));
+    asOpened_ = around_.Hydro;
+    open_ = true;
+    LoadLibrary();
+    ShowAll();
+    return true;
+  });
+}
+
+void HydroDesk::ShowForm(const HydroForm& form) {
+  const OwnChange own(showing_);
+  view_.ShowForm(form);
+}
+
+void HydroDesk::ShowAll() {
+  const HydroInput& hydro = around_.Hydro;
+  ShowForm(FormOf(hydro));
+  FillSteps(timeSteps_, kTimeStepTable, hydro);
+  FillSteps(results_, kPrintStepTable, hydro);
+  listed_.clear();
+  for (int i = 1; i <= hydro.BranchCount; ++i) listed_.push_back(i);
+  ListAndShow(listed_.empty() ? -1 : 0);
+}
+
+bool HydroDesk::MayDropChanges() {
+  if (!around_.Hydro.Dirty) return true;
+  const Answer answer =
+      around_.Screen.ShowMessage({.Text = "Save changes to Hydrodynamic input file?",
+                                  .Title = "Lomaris",
+                                  .BoxIcon = Icon::Question,
+                                  .BoxButtons = Buttons::YesNoCancel});
+  if (answer == Answer::Yes) return Write(false);
+  if (answer == Answer::No) around_.Hydro = asOpened_;
+  return answer == Answer::No;
+}
+
+bool HydroDesk::QueryUnload() {
+  return Run("Form_QueryUnload", [&] { return !open_ || MayDropChanges(); });
+}
+
+bool HydroDesk::Save(bool saveAs) {
+  return Run("mnuFileSave_Click", [&] { return Write(saveAs); });
+}
+
+/// Empty when the user does not want to save after all.
+std::string HydroDesk::NameToSaveUnder(bool saveAs) {
+  const std::string& name = around_.Hydro.FileName;
+  if (!saveAs && !name.empty()) return name;
+  return SaveFile(around_.SharedTables.FileFilter[kHydroFilter], "*.hnp", 0, "Save As",
+                  around_.Project.FileName, around_.Screen, around_.Store);
+}
+
+/// Takes all that the window shows into the record. False: something was refused.
+bool HydroDesk::TakeAll() {
+  HydroInput& hydro = around_.Hydro;
+  Ui& ui = around_.Screen;
+  return TakeBranch() && StoreForm(view_.Form(), hydro, ui) &&
+         StoreSteps(timeSteps_, kTimeStepTable, hydro, ui) &&
+         StoreSteps(results_, kPrintStepTable, hydro, ui);
+}
+
+bool HydroDesk::Write(bool saveAs) {
+  HydroInput& hydro = around_.Hydro;
+  ProjectData& project = around_.Project;
+  const std::string name = NameToSaveUnder(saveAs);
+  if (name.empty() || !TakeAll() || !SaveHNPFile(hydro, project, around_.Screen, name)) {
+    return false;
+  }
+  hydro.HydroLoaded = true;
+  asOpened_ = hydro;
+  const std::string caption = view_.Caption();
+  view_.SetCaption(caption.substr(0, caption.find('-')) + "- " + name);
+  if (std::exchange(project.HydroFile, name) != name) project.Dirty = true;
+  around_.Windows.RefreshProjectWindow();
+  return true;
+}
+
+void HydroDesk::DatesChanged() {
+  Run("DTPicker_Change", [&] {
+    HydroForm form = view_.Form();
+    form.SimPeriod = SimPeriodText(form.StartDate, form.EndDate);
+    ShowForm(form);
+    Edited();
+    return true;
+  });
+}
+
+bool HydroDesk::EndDateLeft() {
+  const HydroForm form = view_.Form();
+  if (form.EndDate > form.StartDate) return true;
+  Tell("You must set the ending date of the simulation to be later than the starting date.",
+       "Error");
+  return false;
+}
+
+bool HydroDesk::SeedYearLeft() {
+  return Run("txtSeedYear_LostFocus", [&] {
+    const HydroForm form = view_.Form();
+    std::int16_t year = around_.Hydro.SeedYear;
+    if (!TakeNumber(year, form.SeedYear, "Seed year", around_.Screen)) return false;
+    if (year + kSeedYears >= ToInteger(FormatDate(form.EndDate, "yyyy"))) return true;
+    Tell(
+        "You must set the seed year to be no more than 50 years before the ending date of the "
+        "simulation.",
+        "Error");
+    return false;
+  });
+}
+
+}  // namespace lomaris

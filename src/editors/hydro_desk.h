@@ -1,0 +1,115 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "editors/hydro_view.h"
+#include "editors/surroundings.h"
+#include "model/xsect_library.h"
+#include "spreadsheet/sheet.h"
+
+namespace lomaris {
+
+/// The caption of the hydrodynamic editor, by which a second window on a file is known.
+std::string HydroCaption(const std::string& fileName);
+
+/// Entries of the pop-up of a boundary file field, in its order.
+enum class BoundaryAction { Edit, Open, New };
+
+/// The logic of the hydrodynamic editor: what its fields, lists, menus and buttons do with the
+/// network in memory. Every action is a routine of its own whose failure is reported under its
+/// name. What the desk itself puts into the window is no action of the user's.
+class HydroDesk {
+ public:
+  HydroDesk(const EditorSurroundings& around, HydroView& view);
+  HydroDesk(const HydroDesk&) = delete;
+  HydroDesk& operator=(const HydroDesk&) = delete;
+
+  // The grids, for the window to show.
+  Sheet& TimeSteps() { return timeSteps_; }
+  Sheet& Results() { return results_; }
+  Sheet& XSects() { return xsects_; }
+
+  /// Loads a file and the project's library and shows them. An empty name, or one of no file: a new
+  /// network. False: the file cannot be read, or the user keeps the one that is open; nothing has
+  /// changed then.
+  bool Open(const std::string& fileName);
+
+  /// False: not saved. The user has been told why, or has cancelled.
+  bool Save(bool saveAs);
+
+  /// Asks about unsaved changes. False: the window is to stay. Changes that are given up leave the
+  /// network in memory as well.
+  bool QueryUnload();
+
+  /// The user has changed a field or a cell.
+  void Edited();
+
+  // --- Run parameters. False: the user has been told what is wrong; the text stays.
+  void DatesChanged();
+  bool EndDateLeft();
+  bool SeedYearLeft();
+
+  // --- The branch on view. `entry` counts from 0.
+
+  /// Stores the branch on view and shows another. False: the store was stopped, and the list shows
+  /// the same branch as before.
+  bool SelectBranch(int entry);
+  /// Stores the branch on view.
+  bool StoreBranch();
+  void ChooseDSType();
+  void ChooseDSBranch();
+  void ConstantLeft();
+
+  bool OffersBoundary(BoundaryAction action, bool isUpstream) const;
+  /// Does nothing when the action is not offered.
+  void RunBoundary(BoundaryAction action, bool isUpstream);
+
+  /// Rows of `XSects` whose lookup names the library does not hold.
+  std::vector<int> UnknownLookups() const;
+
+  // --- The network.
+  void AddBranch();
+  void DeleteBranch();
+  void RenameBranch();
+
+ private:
+  bool Run(const char* routine, const std::function<bool()>& action);
+  void SetUpGrids();
+  void LoadLibrary();
+  void Tell(const std::string& text, const std::string& title);
+  bool MayDropChanges();
+  bool LoadNetwork(const std::string& fileName);
+  void ShowForm(const HydroForm& form);
+  void ShowAll();
+  bool Write(bool saveAs);
+  std::string NameToSaveUnder(bool saveAs);
+  bool TakeAll();
+
+  void ShowBranch(const BranchForm& form);
+  void ShowList(int entry);
+  void ShowEntry(int entry);
+  void ListAndShow(int entry);
+  void CompareBoundaryFiles();
+  bool TakeBranch();
+  void WarnOfCoefficient(const BranchForm& form);
+  void ResetBranchesInto(int branch);
+  void TakeXSects(std::vector<XSectRec> xsects);
+  void AppendBranch(const std::string& name);
+  int Entry() const;
+
+  EditorSurroundings around_;
+  HydroView& view_;
+  Sheet timeSteps_;
+  Sheet results_;
+  Sheet xsects_;
+  XSectLibrary library_;
+  HydroInput asOpened_;      ///< the network as it was opened or saved last
+  std::vector<int> listed_;  ///< numbers of the branches in `cboBranchH`
+  int branch_ = 0;           ///< number of the branch on view; 0 for none
+  bool showing_ = false;     ///< what changes in the window now is our own doing
+  bool open_ = false;        ///< the window shows a network
+};
+
+}  // namespace lomaris

@@ -1,0 +1,112 @@
+#include "editors/step_sheet.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "core/validated.h"
+#include "editors/typed_values.h"
+#include "spreadsheet/cell_checks.h"
+
+namespace lomaris {
+namespace {
+
+constexpr int kFewestEntries = 2;
+
+bool Refuse(Ui& ui, std::string text) {
+  ui.ShowMessage({.Text = std::move(text), .Title = "Error"});
+  return false;
+}
+
+/// The entry in a row; nothing, having told it, when the row makes none.
+std::optional<TimeStepEntry> EntryIn(const Sheet& sheet, const StepTable& table, int row,
+                                     TimeStepEntry entry, Ui& ui) {
+  const std::optional<ModelDateTime> start = sheet.DateOf(row, kStartCol);
+  if (!start) {
+    std::string text = sheet.TextMatrix(row, kStartCol);
+    Validated(text, FieldKind::DateTime, ui);  // tells it
+    return std::nullopt;
+  }
+  entry.Start = *start;
+  // A step without a value would be one of 0, with which the model never comes to an end.
+  std::string value = sheet.TextMatrix(row, kStepValueCol);
+  if (Trim(value).empty()) value = "?";
+  const std::string what = fmt::format("{} in row {}", table.Name, row - sheet.FixedRows() + 1);
+  if (!TakeNumber(entry.Value, value, what, ui)) return std::nullopt;
+  return entry;
+}
+
+/// False, having told it, unless each start is larger than the one before.
+bool TakeEntries(const Sheet& sheet, const StepTable& table, const HydroInput& before,
+                 std::vector<TimeStepEntry>& entries, Ui& ui) {
+  const int count = FilledRows(sheet);
+  if (count > kMostTimeSteps) {
+    return Refuse(ui,
+                  fmt::format("You can enter at most {} {} values.", kMostTimeSteps, table.Name));
+  }
+  for (int i = 1; i <= count; ++i) {
+    const auto entry =
+        EntryIn(sheet, table, sheet.FixedRows() + i - 1, (before.*table.Steps)[i], ui);
+    if (!entry) return false;
+    if (!entries.empty() && entry->Start <= entries.back().Start) {
+      return Refuse(ui, fmt::format("The {} starting date/time value in row {} is not larger than "
+                                    "the previous one.",
+                                    table.Name, i));
+    }
+    entries.push_back(*entry);
+  }
+  return true;
+}
+
+}  // namespace
+
+void SetUpSteps(Sheet& sheet, const StepTable& table, Ui& ui) {
+  const std::pair<int, std::string> headings[] = {{kStartCol, "Starting|Date/Time"},
+                                                  {kStepValueCol, table.ValueHeading}};
+  sheet = Sheet(1 + kFewestEntries, kStepValueCol + 1);
+  sheet.SetNumberRows(true);
+  sheet.SetColHeadings(headings);
+  sheet.SetColFormat(kStartCol, {FormatKind::DateTime});
+  sheet.SetColFormat(kStepValueCol, {FormatKind::Number, table.ValueRange});
+  sheet.Events.BeforeRowDelete = [&sheet, &table, &ui](int, int count, bool& cancel) {
+    cancel = sheet.Rows() - sheet.FixedRows() - count < kFewestEntries;
+    if (!cancel) return;
+    ui.ShowMessage({.Text = fmt::format("You must have at least two {} entries.", table.Entry),
+                    .Title = "Warning",
+                    .BoxIcon = Icon::Warning});
+  };
+}
+
+void FillSteps(Sheet& sheet, const StepTable& table, const HydroInput& hydro) {
+  const int count = hydro.*table.Count;
+  sheet.SetRows(sheet.FixedRows());
+  sheet.SetRows(sheet.FixedRows() + Max(count + 1, kFewestEntries));
+  for (int i = 1; i <= count; ++i) {
+    const TimeStepEntry& entry = (hydro.*table.Steps)[i];
+    const int row = sheet.FixedRows() + i - 1;
+    sheet.SetDate(row, kStartCol, entry.Start);
+    sheet.SetTextMatrix(row, kStepValueCol, NumberText(entry.Value));
+  }
+}
+
+bool StoreSteps(const Sheet& sheet, const StepTable& table, HydroInput& hydro, Ui& ui) {
+  std::vector<TimeStepEntry> entries;
+  if (!TakeEntries(sheet, table, hydro, entries, ui)) return false;
+  if (entries.empty()) {
+    return Refuse(ui, fmt::format("You must enter one or more {} values.", table.Name));
+  }
+  if (entries.front().Start > hydro.StartDate) {
+    return Refuse(ui, fmt::format("The first {} starting date/time value ({}) is greater than the "
+                                  "simulation starting time ({}).",
+                                  table.Name, FormatDate(entries.front().Start, kCellDateMask),
+                                  FormatDate(hydro.StartDate, kCellDateMask)));
+  }
+  hydro.*table.Count = static_cast<std::int16_t>(entries.size());
+  std::int64_t i = 0;
+  for (const TimeStepEntry& entry : entries) (hydro.*table.Steps)[++i] = entry;
+  return true;
+}
+
+}  // namespace lomaris

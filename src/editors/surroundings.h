@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/ports/settings.h"
+#include "core/ports/ui.h"
+#include "core/ports/workbench.h"
+#include "core/tables.h"
+#include "model/hydro_input.h"
+#include "model/project_data.h"
+
+namespace lomaris {
+
+/// What the editors remember from one window to the next, until the program ends.
+struct EditorSession {
+  bool ToldOfRestructuring = false;
+};
+
+/// What the editors work on and speak through. All of it outlives them.
+struct EditorSurroundings {
+  ProjectData& Project;
+  HydroInput& Hydro;
+  const Tables& SharedTables;
+  EditorSession& Session;
+  Ui& Screen;
+  Settings& Store;
+  Workbench& Windows;
+};
+
+}  // namespace lomaris

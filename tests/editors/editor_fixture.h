@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "core/files.h"
+#include "editors/surroundings.h"
+#include "support/fake_ports.h"
+#include "support/scripted_ui.h"
+#include "support/temp_folder.h"
+
+namespace lomaris {
+
+/// What an editor needs, in a folder with the example's files.
+class EditorTest : public testing::Test {
+ protected:
+  EditorTest() {
+    for (const char* name : {"corvane_river.hnp", "corvane_shapes.xsg"}) {
+      folder.Write(name, Example(name));
+    }
+    project.HydroFile = "corvane_river.hnp";
+    project.XSGFileH = "corvane_shapes.xsg";
+  }
+
+  static std::string Example(const std::string& name) {
+    return ReadWholeFile(LOMARIS_EXAMPLES "/three_branches/" + name);
+  }
+
+  TempFolder folder;
+  ScriptedUi ui;
+  FakeSettings settings;
+  FakeWorkbench workbench;
+  ProjectData project;
+  HydroInput hydro;
+  EditorSession session;
+  Tables tables = InitTables(ui);
+  EditorSurroundings around{project, hydro, tables, session, ui, settings, workbench};
+};
+
+}  // namespace lomaris

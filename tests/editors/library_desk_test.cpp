@@ -1,0 +1,122 @@
+#include "editors/library_desk.h"
+
+#include <tuple>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "editors/editor_fixture.h"
+
+namespace lomaris {
+namespace {
+
+class FakeLibraryView : public LibraryView {
+ public:
+  std::string Lines, Text, Caption, Dialog;
+  std::vector<std::string> Names;
+  int Selected = -2;
+  std::optional<SectionName> Asked;
+
+  std::string Title() const override { return Lines; }
+  void ShowTitle(const std::string& title) override { Lines = title; }
+  std::string Description() const override { return Text; }
+  void ShowDescription(const std::string& description) override { Text = description; }
+  void ShowList(const std::vector<std::string>& names, int selected) override {
+    Names = names;
+    Selected = selected;
+  }
+  std::optional<SectionName> AskName(const std::string& title, const SectionName&) override {
+    Dialog = title;
+    return Asked;
+  }
+  void SetCaption(const std::string& caption) override { Caption = caption; }
+};
+
+constexpr const char* kName = "corvane_shapes.xsg";
+
+class LibraryDeskTest : public EditorTest {
+ protected:
+  void SetUp() override { ASSERT_TRUE(desk.Open(kName)); }
+
+  FakeLibraryView view;
+  LibraryDesk desk{around, view};
+};
+
+TEST_F(LibraryDeskTest, UneditedIsSavedAsItWasRead) {
+  EXPECT_EQ(view.Caption, "Cross Section Library - corvane_shapes.xsg");
+  for (int entry = 1; entry < 16; ++entry) EXPECT_TRUE(desk.SelectEntry(entry));
+  EXPECT_TRUE(desk.QueryUnload() && desk.Save(false) && ui.Messages.empty());
+  EXPECT_EQ(folder.Read(kName), Example(kName));
+  view.Lines = "One\r\nTwo";
+  EXPECT_TRUE(desk.Save(false));
+  EXPECT_THAT(folder.Read(kName), testing::StartsWith("One\r\nTwo\r\n\r\n 16 \r\n"));
+}
+
+TEST_F(LibraryDeskTest, PointsThatDoNotFollowStopTheStore) {
+  const std::tuple<int, const char*, const char*> rows[] = {
+      {1, "0", "The station for point number 2 did not increase; please correct."},
+      {2, "0", "The depth for point number 2 was identical to the prior point; please correct."},
+      {2, "deep", "Invalid number entered (AF-GORGE, point 2): deep"}};
+  const XSectLibrary before = desk.Library();
+  for (const auto& [col, text, message] : rows) {
+    const std::string kept = desk.Points().TextMatrix(2, col);
+    desk.Points().SetTextMatrix(1, col, "0");
+    desk.Points().SetTextMatrix(2, col, text);
+    EXPECT_FALSE(desk.SelectEntry(3));
+    EXPECT_EQ(ui.LastMessage(), message);
+    EXPECT_TRUE(view.Selected == 0 && desk.Library() == before);
+    EXPECT_EQ(ui.Messages.back().Title,
+              col == 2 && text[0] == 'd' ? "Error" : "Error in Cross Section AF-GORGE");
+    ASSERT_TRUE(desk.Open(kName));
+  }
+}
+
+TEST_F(LibraryDeskTest, EntriesAreAddedAndDeleted) {
+  view.Asked = {"NINE-LONG", ""};
+  desk.Add();
+  EXPECT_EQ(ui.LastMessage(),
+            "The cross section name must range from 1 to 8 characters in length.");
+  EXPECT_EQ(view.Names.size(), 16u);
+  view.Asked = {"LAST", "A ditch"};
+  desk.Add();
+  EXPECT_EQ(view.Names.at(static_cast<std::size_t>(view.Selected)) + view.Text, "LASTA ditch");
+  EXPECT_EQ(desk.Library().XSectCount, 17);
+
+  ui.Answers = {Answer::No, Answer::Yes};
+  EXPECT_TRUE(desk.SelectEntry(1));
+  desk.Delete();
+  EXPECT_EQ(ui.LastMessage(),
+            "Are you sure you want to PERMANENTLY delete cross section AF-RIFF from the Cross "
+            "Section Library? If Yes, you must manually correct all relevant Hydrodynamic files "
+            "which may reference this cross section.");
+  desk.Delete();
+  EXPECT_EQ(desk.Library().XSectCount, 16);
+  EXPECT_EQ(view.Names.at(1) + view.Names.back(), "AF-RUNLAST");
+  ui.Answers = {Answer::No};
+  EXPECT_TRUE(desk.QueryUnload());
+}
+
+TEST_F(LibraryDeskTest, LookupNamesFollowARename) {
+  EXPECT_TRUE(desk.SelectEntry(9));
+  view.Asked = {"CR-NEW", "Run"};
+  ui.Answers = {Answer::Yes, Answer::Yes};
+  desk.Rename();
+  EXPECT_EQ(ui.LastMessage(),
+            "Are you sure you want to rename the currently selected cross section CR-RUN1? If Yes, "
+            "you must manually correct all relevant Hydrodynamic files which may reference this "
+            "cross section.");
+  EXPECT_EQ(view.Dialog + view.Names.at(9), "Rename Cross SectionCR-NEW");
+  EXPECT_EQ(hydro.Branches[1].XSects[1].Lookup + hydro.Branches[1].XSects[2].Lookup,
+            "CR-NEWCR-RIFF1");
+  EXPECT_TRUE(hydro.Dirty);
+
+  hydro = {};
+  project.HydroFile = "(Not Specified)";
+  desk.Rename();
+  EXPECT_EQ(ui.LastMessage(),
+            "Unable to load hydrodynamic file named \"\". XSG library references will not be "
+            "updated.");
+}
+
+}  // namespace
+}  // namespace lomaris
