@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
+#include <utility>
 
 #include "core/files.h"
 #include "editors/hydro_desk.h"
@@ -139,8 +141,17 @@ void HydroDesk::ResetBranchesInto(int branch) {
   }
 }
 
+/// All windows share one network in memory. When another one has read another network meanwhile,
+/// nothing of what is shown here may go into that.
+void HydroDesk::CheckRecord() const {
+  if (around_.Hydro.FileName == asOpened_.FileName) return;
+  throw RuntimeError(ErrorNumber::Internal,
+                     "the network in memory is no longer the one on view, " + asOpened_.FileName);
+}
+
 /// The rows come last: when one is refused, the branch keeps its cross sections as they were.
 bool HydroDesk::TakeBranch() {
+  CheckRecord();
   if (branch_ == 0) return true;
   BranchRec& branch = around_.Hydro.Branches[branch_];
   const BranchForm form = view_.Branch();

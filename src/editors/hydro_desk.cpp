@@ -86,7 +86,10 @@ void HydroDesk::LoadLibrary() {
 bool HydroDesk::Open(const std::string& fileName) {
   return Run("Initialize", [&] {
     if (open_ && !MayDropChanges()) return false;
-    if (!LoadNetwork(fileName)) return false;
+    if (!LoadNetwork(fileName)) {
+      if (open_) ShowAll();  // without the changes that were given up
+      return false;
+    }
     view_.SetCaption(HydroCaption(fileName));
     asOpened_ = around_.Hydro;
     open_ = true;

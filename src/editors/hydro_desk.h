@@ -92,6 +92,7 @@ class HydroDesk {
   void ShowEntry(int entry);
   void ListAndShow(int entry);
   void CompareBoundaryFiles();
+  void CheckRecord() const;
   bool TakeBranch();
   void WarnOfCoefficient(const BranchForm& form);
   void ResetBranchesInto(int branch);

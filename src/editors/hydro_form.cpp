@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "editors/typed_values.h"
 #include "model/file_names.h"
