@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "core/files.h"
+#include "core/raised_flag.h"
 #include "editors/hydro_desk.h"
-#include "editors/own_change.h"
 #include "editors/typed_values.h"
 #include "editors/xsect_sheet.h"
 #include "import/browse_file.h"
@@ -66,14 +66,14 @@ int HydroDesk::Entry() const {
 }
 
 void HydroDesk::ShowBranch(const BranchForm& form) {
-  const OwnChange own(showing_);
+  const RaisedFlag ownChange(showing_);
   view_.ShowBranch(form);
 }
 
 void HydroDesk::ShowList(int entry) {
   std::vector<std::string> names;
   for (const int number : listed_) names.push_back(around_.Hydro.Branches[number].Name);
-  const OwnChange own(showing_);
+  const RaisedFlag ownChange(showing_);
   view_.ShowBranchList(names, entry);
 }
 

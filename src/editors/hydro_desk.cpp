@@ -4,8 +4,8 @@
 
 #include "core/error_report.h"
 #include "core/files.h"
+#include "core/raised_flag.h"
 #include "core/save_file.h"
-#include "editors/own_change.h"
 #include "editors/step_sheet.h"
 #include "editors/typed_values.h"
 #include "editors/xsect_sheet.h"
@@ -100,7 +100,7 @@ bool HydroDesk::Open(const std::string& fileName) {
 }
 
 void HydroDesk::ShowForm(const HydroForm& form) {
-  const OwnChange own(showing_);
+  const RaisedFlag ownChange(showing_);
   view_.ShowForm(form);
 }
 

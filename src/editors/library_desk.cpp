@@ -5,8 +5,8 @@
 
 #include "core/error_report.h"
 #include "core/files.h"
+#include "core/raised_flag.h"
 #include "core/save_file.h"
-#include "editors/own_change.h"
 #include "editors/typed_values.h"
 #include "model/hnp_file.h"
 #include "model/xsg_file.h"
@@ -111,7 +111,7 @@ bool LibraryDesk::Open(const std::string& fileName) {
     if (!LoadXSGFile(loaded, around_.Project, around_.Screen, fileName)) return false;
     library_ = std::move(loaded);
     view_.SetCaption(LibraryCaption(fileName));
-    const OwnChange own(showing_);
+    const RaisedFlag ownChange(showing_);
     view_.ShowTitle(JoinedTitle(library_));
     ShowEntry(library_.XSectCount > 0 ? 1 : 0);
     return true;
@@ -121,7 +121,7 @@ bool LibraryDesk::Open(const std::string& fileName) {
 void LibraryDesk::ShowList() {
   std::vector<std::string> names;
   for (int i = 1; i <= library_.XSectCount; ++i) names.push_back(library_.XSects[i].Name);
-  const OwnChange own(showing_);
+  const RaisedFlag ownChange(showing_);
   view_.ShowList(names, number_ - 1);
 }
 
@@ -129,7 +129,7 @@ void LibraryDesk::ShowList() {
 void LibraryDesk::ShowEntry(int number) {
   number_ = number;
   const LibrarySection section = number > 0 ? library_.XSects[number] : LibrarySection();
-  const OwnChange own(showing_);
+  const RaisedFlag ownChange(showing_);
   ShowList();
   view_.ShowDescription(section.Description);
   points_.SetRows(points_.FixedRows());
@@ -314,7 +314,7 @@ void LibraryDesk::Rename() {
         AskedName("Rename Cross Section", {section.Name, view_.Description()});
     if (!asked) return false;
     RenameLookups(std::exchange(section.Name, asked->Name), asked->Name);
-    const OwnChange own(showing_);
+    const RaisedFlag ownChange(showing_);
     view_.ShowDescription(asked->Description);
     ShowList();
     library_.Dirty = true;

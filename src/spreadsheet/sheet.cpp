@@ -2,26 +2,11 @@
 
 #include <algorithm>
 
+#include "core/raised_flag.h"
 #include "core/text.h"
 #include "spreadsheet/cell_checks.h"
 
 namespace lomaris {
-namespace {
-
-/// Sets a flag for as long as it lives.
-class Raised {
- public:
-  explicit Raised(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-  ~Raised() { flag_ = before_; }
-  Raised(const Raised&) = delete;
-  Raised& operator=(const Raised&) = delete;
-
- private:
-  bool& flag_;
-  bool before_;
-};
-
-}  // namespace
 
 Sheet::Sheet(int rows, int cols, int fixedRows, int fixedCols)
     : fixedRows_(fixedRows), fixedCols_(fixedCols) {
@@ -241,7 +226,7 @@ bool Sheet::Replay(SheetStep& step, bool undo) {
 
 bool Sheet::Travel(bool undo) {
   if (inStep_ || replaying_) return false;
-  const Raised replaying(replaying_);
+  const RaisedFlag replaying(replaying_);
   SheetStep& step = *history_.Next(undo);
   const bool done = Replay(step, undo);
   if (done) {
@@ -255,7 +240,7 @@ bool Sheet::Travel(bool undo) {
 }
 
 void Sheet::TakeBack() {
-  const Raised replaying(replaying_);
+  const RaisedFlag replaying(replaying_);
   for (auto change = step_.Changes.rbegin(); change != step_.Changes.rend(); ++change) {
     // The owner is not asked: it is its own failure, or the command's, that ended the step.
     if (auto* lines = std::get_if<LineChange>(&*change)) lines->Told = false;
@@ -275,7 +260,7 @@ void Sheet::FinishStep() {
 
 bool Sheet::AsStep(const std::function<bool()>& work) {
   if (inStep_ || replaying_) return work();
-  const Raised inStep(inStep_);
+  const RaisedFlag inStep(inStep_);
   step_ = {.Before = selected_};
   try {
     const bool done = work();

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/files.h"
+#include "core/run_time_error.h"
 #include "core/text.h"
 #include "model/file_names.h"
 #include "workspace/file_slots.h"
@@ -33,12 +34,28 @@ FoundFiles FilesFoundBy(const ProjectData& project, const std::string& projectFi
   return found;
 }
 
+namespace {
+
+/// A project that was moved together with its files finds the same files. What cannot be read is
+/// not known to be the same.
+bool SameContent(const std::string& a, const std::string& b) {
+  if (a.empty() || b.empty()) return false;
+  try {
+    return ReadWholeFile(a) == ReadWholeFile(b);
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
+}  // namespace
+
 void TellOfOtherFilesFound(const FoundFiles& before, const FoundFiles& after, Ui& ui) {
   std::string names;
   for (const auto& [name, path] : before) {
+    if (path.empty()) continue;
     const auto now = after.find(name);
-    if (!path.empty() && (now == after.end() || now->second != path))
-      names.append(kLineBreak).append(name);
+    const std::string nowPath = now == after.end() ? std::string() : now->second;
+    if (nowPath != path && !SameContent(nowPath, path)) names.append(kLineBreak).append(name);
   }
   if (names.empty()) return;
   ui.ShowMessage({.Text = "From its new directory the project finds other files, or none, under "

@@ -15,7 +15,7 @@ using FoundFiles = std::map<std::string, std::string>;
 FoundFiles FilesFoundBy(const ProjectData& project, const std::string& projectFile);
 
 /// A project that was saved in another directory may find other files, or none, under names that
-/// hold no directory: those names are told.
+/// hold no directory: those names are told. A file of the same content is no other file.
 void TellOfOtherFilesFound(const FoundFiles& before, const FoundFiles& after, Ui& ui);
 
 }  // namespace lomaris
