@@ -6,12 +6,14 @@
 #include "core/tables.h"
 #include "model/hydro_input.h"
 #include "model/project_data.h"
+#include "spreadsheet/sheet_commands.h"
 
 namespace lomaris {
 
 /// What the editors remember from one window to the next, until the program ends.
 struct EditorSession {
   bool ToldOfRestructuring = false;
+  CopiedDates Copied = {};  ///< among the grids of all windows
 };
 
 /// What the editors work on and speak through. All of it outlives them.

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "core/ports/settings.h"
+#include "core/ports/ui.h"
+#include "spreadsheet/chart_state.h"
+#include "spreadsheet/sheet_commands.h"
+
+namespace lomaris {
+
+/// The one table editor of the program: shows a `Sheet`, edits its cells in place, offers its
+/// commands by menu and keyboard, and draws its chart. It is put into forms by name and given its
+/// sheet afterwards.
+class Spreadsheet : public QWidget {
+  Q_OBJECT
+  Q_PROPERTY(bool ReverseX READ ReverseX WRITE SetReverseX)
+  Q_PROPERTY(bool ReverseY READ ReverseY WRITE SetReverseY)
+  Q_PROPERTY(bool ReverseY2 READ ReverseY2 WRITE SetReverseY2)
+
+ public:
+  explicit Spreadsheet(QWidget* parent = nullptr);
+
+  /// All four outlive this. Takes the sheet's `Events.Refresh`; its other events stay the owner's.
+  void Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDates& copied);
+
+  /// Makes a column as wide as a sample text.
+  void SetColWidthText(int col, const QString& sample);
+
+  /// Ends an edit under way. False: the text was refused, the editor is still open. The owner asks
+  /// for it before it takes the cells.
+  bool EndEdit();
+
+  /// The form's Edit menu works through the keys: Cut, Copy and Paste as if typed here, or in the
+  /// cell's editor while one is open.
+  void SendKeystroke(int key);
+
+  /// What is wrong with a cell, for a mark and its tool tip; empty: nothing. Asked while painting.
+  void SetMark(std::function<QString(int row, int col)> mark);
+
+  /// The row of the current cell, the fixed ones counted.
+  int CurrentRow() const;
+  void ShowCell(int row, int col);
+
+  bool ReverseX() const { return chartState_.ReverseX; }
+  void SetReverseX(bool reverse) { chartState_.ReverseX = reverse; }
+  bool ReverseY() const { return chartState_.ReverseY; }
+  void SetReverseY(bool reverse) { chartState_.ReverseY = reverse; }
+  bool ReverseY2() const { return chartState_.ReverseY2; }
+  void SetReverseY2(bool reverse) { chartState_.ReverseY2 = reverse; }
+
+ signals:
+  void Click(int row, int col);
+  void CurrentRowChanged(int row);
+
+  /// The cells shown have changed, by whomever; gathered, on the next turn of the event loop.
+  void Refreshed();
+
+ private:
+  ChartState chartState_;
+};
+
+}  // namespace lomaris
