@@ -210,6 +210,13 @@ std::optional<std::string> FindFile(std::string_view name, std::string_view besi
   return ExistingFile(path);
 }
 
+bool SameFile(std::string_view one, std::string_view other, std::string_view besideFile) {
+  const auto first = FindFile(one, besideFile);
+  const auto second = FindFile(other, besideFile);
+  std::error_code error;
+  return first && second && fs::equivalent(*first, *second, error);
+}
+
 std::string TargetPath(std::string_view name, std::string_view besideFile) {
   // What is found in the current directory alone may belong to another project.
   fs::path path = PlatformPath(Trim(name));

@@ -26,6 +26,10 @@ std::string BackupName(std::string_view fileName);
 /// the project, then from the current directory. A folder is no file.
 std::optional<std::string> FindFile(std::string_view name, std::string_view besideFile = {});
 
+/// Whether two names mean one existing file, each looked up as by `FindFile`: however they are
+/// spelt, and through links.
+bool SameFile(std::string_view one, std::string_view other, std::string_view besideFile = {});
+
 /// The path that a save to `name` writes: the existing file that it means without regard to case,
 /// else the name with the separators of this platform. A name that is not absolute lies in the
 /// folder of `besideFile`; in the current directory where that has none.

@@ -72,7 +72,7 @@ void HydroDesk::ShowBranch(const BranchForm& form) {
 
 void HydroDesk::ShowList(int entry) {
   std::vector<std::string> names;
-  for (const int number : listed_) names.push_back(around_.Hydro.Branches[number].Name);
+  for (const int number : listed_) names.push_back(Hydro().Branches[number].Name);
   const RaisedFlag ownChange(showing_);
   view_.ShowBranchList(names, entry);
 }
@@ -85,13 +85,13 @@ void HydroDesk::ListAndShow(int entry) {
 void HydroDesk::ShowEntry(int entry) {
   branch_ = entry < 0 ? 0 : listed_.at(static_cast<std::size_t>(entry));
   if (branch_ > 0) CompareBoundaryFiles();
-  ShowBranch(branch_ > 0 ? BranchFormOf(around_.Hydro, branch_) : BranchForm());
-  FillXSects(xsects_, branch_ > 0 ? around_.Hydro.Branches[branch_] : BranchRec());
+  ShowBranch(branch_ > 0 ? BranchFormOf(Hydro(), branch_) : BranchForm());
+  FillXSects(xsects_, branch_ > 0 ? Hydro().Branches[branch_] : BranchRec());
 }
 
 void HydroDesk::CompareBoundaryFiles() {
-  ProjectData& project = around_.Project;
-  const BranchRec& branch = around_.Hydro.Branches[branch_];
+  ProjectData& project = Project();
+  const BranchRec& branch = Hydro().Branches[branch_];
   if (project.BCFilesH.UpperBound() < branch_) project.BCFilesH.Resize(branch_);
   BranchBCFiles& files = project.BCFilesH[branch_];
   const bool upstream = Overwrite(files.Upstream, branch.USFile);
@@ -119,7 +119,7 @@ bool HydroDesk::StoreBranch() {
 
 void HydroDesk::WarnOfCoefficient(const BranchForm& form) {
   if (form.DSType != kDSRatingCurve || NumericValue(form.DSAngle) > 0) return;
-  Tell("For branch '" + around_.Hydro.Branches[branch_].Name +
+  Tell("For branch '" + Hydro().Branches[branch_].Name +
            "' you indicated that a rating curve is to be used as the downstream boundary "
            "condition, however, the coefficient a was set to a number less than or equal to zero. "
            "Please edit this value or Vesk will have an invalid downstream boundary condition.",
@@ -128,7 +128,7 @@ void HydroDesk::WarnOfCoefficient(const BranchForm& form) {
 
 /// The cross section that another branch flows into is known by its number.
 void HydroDesk::ResetBranchesInto(int branch) {
-  HydroInput& hydro = around_.Hydro;
+  HydroInput& hydro = Hydro();
   for (int i = 1; i <= hydro.BranchCount; ++i) {
     BranchRec& other = hydro.Branches[i];
     if (i == branch || other.DSBranch != branch || other.DSXSect <= 1) continue;
@@ -144,7 +144,7 @@ void HydroDesk::ResetBranchesInto(int branch) {
 /// All windows share one network in memory. When another one has read another network meanwhile,
 /// nothing of what is shown here may go into that.
 void HydroDesk::CheckRecord() const {
-  if (around_.Hydro.FileName == asOpened_.FileName) return;
+  if (Hydro().FileName == asOpened_.FileName) return;
   throw RuntimeError(ErrorNumber::Internal,
                      "the network in memory is no longer the one on view, " + asOpened_.FileName);
 }
@@ -153,7 +153,7 @@ void HydroDesk::CheckRecord() const {
 bool HydroDesk::TakeBranch() {
   CheckRecord();
   if (branch_ == 0) return true;
-  BranchRec& branch = around_.Hydro.Branches[branch_];
+  BranchRec& branch = Hydro().Branches[branch_];
   const BranchForm form = view_.Branch();
   WarnOfCoefficient(form);
   if (!StoreBranchFields(form, branch_, branch, around_.Screen)) return false;
@@ -169,7 +169,7 @@ void HydroDesk::TakeXSects(std::vector<XSectRec> xsects) {
     throw RuntimeError(ErrorNumber::Overflow, NumberText(static_cast<std::int64_t>(xsects.size())) +
                                                   " cross sections in a branch");
   }
-  BranchRec& branch = around_.Hydro.Branches[branch_];
+  BranchRec& branch = Hydro().Branches[branch_];
   branch.XSectCount = static_cast<std::int16_t>(xsects.size());
   branch.XSects = BoundedArray<XSectRec>(1, branch.XSectCount);
   std::move(xsects.begin(), xsects.end(), branch.XSects.begin());
@@ -197,7 +197,7 @@ void HydroDesk::ChooseDSBranch() {
       Tell(kRestructuringWarning, "Warning");
     }
     BranchForm form = view_.Branch();
-    OfferXSects(form, around_.Hydro, branch_, around_.Hydro.Branches[branch_].DSXSect);
+    OfferXSects(form, Hydro(), branch_, Hydro().Branches[branch_].DSXSect);
     ShowBranch(form);
     return true;
   });
@@ -219,7 +219,7 @@ bool HydroDesk::OffersBoundary(BoundaryAction action, bool isUpstream) const {
   if (action == BoundaryAction::Open) return true;
   if (!around_.Windows.OffersEditor("BCF")) return false;
   const std::string name = FileIn(isUpstream ? form.USFile : form.DSFile);
-  return action == BoundaryAction::New || FindFile(name, around_.Project.FileName).has_value();
+  return action == BoundaryAction::New || FindFile(name, Project().FileName).has_value();
 }
 
 void HydroDesk::RunBoundary(BoundaryAction action, bool isUpstream) {
@@ -238,7 +238,7 @@ void HydroDesk::RunBoundary(BoundaryAction action, bool isUpstream) {
       Edited();
       return true;
     }
-    const BranchRec& branch = around_.Hydro.Branches[branch_];
+    const BranchRec& branch = Hydro().Branches[branch_];
     EditRequest request{.Kind = "BCF",
                         .Slot = kBoundarySlot,
                         .Row = branch_,
@@ -256,8 +256,8 @@ std::vector<int> HydroDesk::UnknownLookups() const {
 
 /// More than twenty branches are not refused here: the limit is that of the reader, which says so.
 void HydroDesk::AppendBranch(const std::string& name) {
-  HydroInput& hydro = around_.Hydro;
-  ProjectData& project = around_.Project;
+  HydroInput& hydro = Hydro();
+  ProjectData& project = Project();
   ++hydro.BranchCount;
   ++project.BCCountH;
   ++project.BCCountQ;
@@ -306,7 +306,7 @@ void HydroDesk::DeleteBranch() {
 void HydroDesk::RenameBranch() {
   if (branch_ == 0) return;
   Run("mnuEditRenameBranch_Click", [&] {
-    BranchRec& branch = around_.Hydro.Branches[branch_];
+    BranchRec& branch = Hydro().Branches[branch_];
     const std::string name =
         TrimField(around_.Screen.AskText({.Prompt = "Enter new name for this branch:",
                                           .Title = "Rename Branch",

@@ -6,11 +6,13 @@
 #include "core/files.h"
 #include "core/raised_flag.h"
 #include "core/save_file.h"
+#include "editors/lookup_names.h"
 #include "editors/step_sheet.h"
 #include "editors/typed_values.h"
 #include "editors/xsect_sheet.h"
 #include "model/file_names.h"
 #include "model/hnp_file.h"
+#include "model/unsaved_network.h"
 #include "model/xsg_file.h"
 
 namespace lomaris {
@@ -52,46 +54,50 @@ void HydroDesk::Tell(const std::string& text, const std::string& title) {
 }
 
 void HydroDesk::Edited() {
-  if (!showing_ && open_) around_.Hydro.Dirty = true;
+  if (!showing_ && open_) Hydro().Dirty = true;
 }
 
 /// Changes that wait in memory, a renamed cross section of the library for one, are not read over.
 /// A file that is not there yet is a network without branches.
 bool HydroDesk::LoadNetwork(const std::string& fileName) {
-  HydroInput& hydro = around_.Hydro;
-  const auto path = FindFile(fileName, around_.Project.FileName);
-  const bool waits = hydro.HydroLoaded && hydro.Dirty && path &&
-                     FindFile(hydro.FileName, around_.Project.FileName) == path;
+  HydroInput& hydro = Hydro();
+  const bool waits =
+      hydro.HydroLoaded && hydro.Dirty && SameFile(hydro.FileName, fileName, Project().FileName);
   if (waits) return true;
+  if (!SaveNetworkFirst(hydro, Project(), around_.Screen)) return false;
   HydroInput loaded;
-  if (!LoadHNPFile(loaded, around_.Project, around_.Screen, fileName)) return false;
+  if (!LoadHNPFile(loaded, Project(), around_.Screen, fileName)) return false;
   if (!loaded.HydroLoaded) {
     loaded.FileName = fileName;
-    loaded.LatFile = around_.Project.LatFileH;
-    loaded.WitFile = around_.Project.WitFileH;
-    loaded.XSGFile = around_.Project.XSGFileH;
+    loaded.LatFile = Project().LatFileH;
+    loaded.WitFile = Project().WitFileH;
+    loaded.XSGFile = Project().XSGFileH;
   }
   hydro = std::move(loaded);
   return true;
 }
 
 void HydroDesk::LoadLibrary() {
-  const std::string name = FileIn(around_.Project.XSGFileH);
+  const std::string name = FileIn(Project().XSGFileH);
   library_ = {};
-  if (!LoadXSGFile(library_, around_.Project, around_.Screen, name)) {
+  if (!LoadXSGFile(library_, Project(), around_.Screen, name)) {
     Tell("Cannot load Cross section file: " + name, "Error");
   }
 }
 
-bool HydroDesk::Open(const std::string& fileName) {
+bool HydroDesk::Open(const std::string& fileName, bool aside) {
   return Run("Initialize", [&] {
     if (open_ && !MayDropChanges()) return false;
+    std::unique_ptr<OwnRecords> records;
+    if (aside) records = std::make_unique<OwnRecords>(OwnRecords{around_.Project, {}});
+    own_.swap(records);
     if (!LoadNetwork(fileName)) {
+      own_.swap(records);
       if (open_) ShowAll();  // without the changes that were given up
       return false;
     }
     view_.SetCaption(HydroCaption(fileName));
-    asOpened_ = around_.Hydro;
+    asOpened_ = Hydro();
     open_ = true;
     LoadLibrary();
     ShowAll();
@@ -105,7 +111,7 @@ void HydroDesk::ShowForm(const HydroForm& form) {
 }
 
 void HydroDesk::ShowAll() {
-  const HydroInput& hydro = around_.Hydro;
+  const HydroInput& hydro = Hydro();
   ShowForm(FormOf(hydro));
   FillSteps(timeSteps_, kTimeStepTable, hydro);
   FillSteps(results_, kPrintStepTable, hydro);
@@ -115,14 +121,10 @@ void HydroDesk::ShowAll() {
 }
 
 bool HydroDesk::MayDropChanges() {
-  if (!around_.Hydro.Dirty) return true;
-  const Answer answer =
-      around_.Screen.ShowMessage({.Text = "Save changes to Hydrodynamic input file?",
-                                  .Title = "Lomaris",
-                                  .BoxIcon = Icon::Question,
-                                  .BoxButtons = Buttons::YesNoCancel});
+  if (!Hydro().Dirty) return true;
+  const Answer answer = AskToSaveNetwork(around_.Screen);
   if (answer == Answer::Yes) return Write(false);
-  if (answer == Answer::No) around_.Hydro = asOpened_;
+  if (answer == Answer::No) Hydro() = asOpened_;
   return answer == Answer::No;
 }
 
@@ -136,15 +138,15 @@ bool HydroDesk::Save(bool saveAs) {
 
 /// Empty when the user does not want to save after all.
 std::string HydroDesk::NameToSaveUnder(bool saveAs) {
-  const std::string& name = around_.Hydro.FileName;
+  const std::string& name = Hydro().FileName;
   if (!saveAs && !name.empty()) return name;
   return SaveFile(around_.SharedTables.FileFilter[kHydroFilter], "*.hnp", 0, "Save As",
-                  around_.Project.FileName, around_.Screen, around_.Store);
+                  Project().FileName, around_.Screen, around_.Store);
 }
 
 /// Takes all that the window shows into the record. False: something was refused.
 bool HydroDesk::TakeAll() {
-  HydroInput& hydro = around_.Hydro;
+  HydroInput& hydro = Hydro();
   Ui& ui = around_.Screen;
   return TakeBranch() && StoreForm(view_.Form(), hydro, ui) &&
          StoreSteps(timeSteps_, kTimeStepTable, hydro, ui) &&
@@ -152,8 +154,8 @@ bool HydroDesk::TakeAll() {
 }
 
 bool HydroDesk::Write(bool saveAs) {
-  HydroInput& hydro = around_.Hydro;
-  ProjectData& project = around_.Project;
+  HydroInput& hydro = Hydro();
+  ProjectData& project = Project();
   const std::string name = NameToSaveUnder(saveAs);
   if (name.empty() || !TakeAll() || !SaveHNPFile(hydro, project, around_.Screen, name)) {
     return false;
@@ -163,8 +165,36 @@ bool HydroDesk::Write(bool saveAs) {
   const std::string caption = view_.Caption();
   view_.SetCaption(caption.substr(0, caption.find('-')) + "- " + name);
   if (std::exchange(project.HydroFile, name) != name) project.Dirty = true;
+  if (own_) ForgetSharedCopy(name);
   around_.Windows.RefreshProjectWindow();
   return true;
+}
+
+/// A file written from here may be the one that the network in memory was read from: it is read
+/// again when it is needed.
+void HydroDesk::ForgetSharedCopy(const std::string& fileName) {
+  if (SameFile(around_.Hydro.FileName, fileName, around_.Project.FileName)) {
+    around_.Hydro = HydroInput();
+  }
+}
+
+/// Changes given up later must not bring the old names back.
+void HydroDesk::LookupRenamed(const std::string& from, const std::string& to) {
+  if (!EditsNetwork()) return;
+  Run("LookupRenamed", [&] {
+    if (RenameLookups(asOpened_, from, to)) asOpened_.Dirty = true;
+    RenameSections(library_, from, to);
+    RenameLookups(xsects_, from, to);
+    return true;
+  });
+}
+
+void HydroDesk::LibrarySaved(const std::string& fileName) {
+  if (!open_ || !SameFile(FileIn(Project().XSGFileH), fileName, Project().FileName)) return;
+  Run("LibrarySaved", [&] {
+    LoadLibrary();
+    return true;
+  });
 }
 
 void HydroDesk::DatesChanged() {
@@ -188,7 +218,7 @@ bool HydroDesk::EndDateLeft() {
 bool HydroDesk::SeedYearLeft() {
   return Run("txtSeedYear_LostFocus", [&] {
     const HydroForm form = view_.Form();
-    std::int16_t year = around_.Hydro.SeedYear;
+    std::int16_t year = Hydro().SeedYear;
     if (!TakeNumber(year, form.SeedYear, "Seed year", around_.Screen)) return false;
     if (year + kSeedYears >= ToInteger(FormatDate(form.EndDate, "yyyy"))) return true;
     Tell(

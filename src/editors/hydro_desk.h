@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,9 @@ std::string HydroCaption(const std::string& fileName);
 /// Entries of the pop-up of a boundary file field, in its order.
 enum class BoundaryAction { Edit, Open, New };
 
+/// The files that belong to the network, in the order of their fields.
+enum class NetworkFile { Lateral, Withdrawal, Library };
+
 /// The logic of the hydrodynamic editor: what its fields, lists, menus and buttons do with the
 /// network in memory. Every action is a routine of its own whose failure is reported under its
 /// name. What the desk itself puts into the window is no action of the user's.
@@ -32,9 +36,13 @@ class HydroDesk {
   Sheet& XSects() { return xsects_; }
 
   /// Loads a file and the project's library and shows them. An empty name, or one of no file: a new
-  /// network. False: the file cannot be read, or the user keeps the one that is open; nothing has
+  /// network. `aside`: the file does not enter the project, and the network in memory stays what it
+  /// is. False: the file cannot be read, or the user keeps the one that is open; nothing has
   /// changed then.
-  bool Open(const std::string& fileName);
+  bool Open(const std::string& fileName, bool aside = false);
+
+  /// Whether what is open here is the network in memory.
+  bool EditsNetwork() const { return open_ && !own_; }
 
   /// False: not saved. The user has been told why, or has cancelled.
   bool Save(bool saveAs);
@@ -51,6 +59,11 @@ class HydroDesk {
   bool EndDateLeft();
   bool SeedYearLeft();
 
+  // --- The files of the network. An action that is not offered does nothing.
+  bool OffersEdit(NetworkFile file) const;
+  void EditFile(NetworkFile file);
+  void SelectFile(NetworkFile file);
+
   // --- The branch on view. `entry` counts from 0.
 
   /// Stores the branch on view and shows another. False: the store was stopped, and the list shows
@@ -66,6 +79,12 @@ class HydroDesk {
   /// Does nothing when the action is not offered.
   void RunBoundary(BoundaryAction action, bool isUpstream);
 
+  /// A section of the library has got another name, and so have the look-ups of the network in
+  /// memory.
+  void LookupRenamed(const std::string& from, const std::string& to);
+  /// A library was written: it may be the one that the look-ups refer to.
+  void LibrarySaved(const std::string& fileName);
+
   /// Rows of `XSects` whose lookup names the library does not hold.
   std::vector<int> UnknownLookups() const;
 
@@ -75,6 +94,16 @@ class HydroDesk {
   void RenameBranch();
 
  private:
+  /// What a file is edited with that does not enter the project: nothing that it says, or that a
+  /// save puts into the project, is to reach the records that the windows share.
+  struct OwnRecords {
+    ProjectData Project;
+    HydroInput Hydro;
+  };
+
+  ProjectData& Project() const { return own_ ? own_->Project : around_.Project; }
+  HydroInput& Hydro() const { return own_ ? own_->Hydro : around_.Hydro; }
+
   bool Run(const char* routine, const std::function<bool()>& action);
   void SetUpGrids();
   void LoadLibrary();
@@ -84,6 +113,7 @@ class HydroDesk {
   void ShowForm(const HydroForm& form);
   void ShowAll();
   bool Write(bool saveAs);
+  void ForgetSharedCopy(const std::string& fileName);
   std::string NameToSaveUnder(bool saveAs);
   bool TakeAll();
 
@@ -102,6 +132,7 @@ class HydroDesk {
 
   EditorSurroundings around_;
   HydroView& view_;
+  std::unique_ptr<OwnRecords> own_;  ///< none: the shared ones are edited
   Sheet timeSteps_;
   Sheet results_;
   Sheet xsects_;

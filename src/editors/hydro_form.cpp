@@ -81,11 +81,15 @@ bool StoreForm(const HydroForm& form, HydroInput& hydro, Ui& ui) {
 
 const DownstreamLook& LookOf(int dsType) {
   static constexpr DownstreamLook kConstant = {
-      "Confluence &Angle:", "Deflection angle at the confluence, in degrees",
-      "Constant &Value:", "Constant downstream value, used where no boundary file is named", true};
+      "Confluence &Angle:",
+      "Deflection angle at the confluence, in degrees",
+      "degrees",
+      "Constant &Value:",
+      "Constant downstream value, used where no boundary file is named",
+      true};
   static constexpr DownstreamLook kRatingCurve = {
-      "Coef a i&n H=aQ^b:", "Coefficient 'a' in rating curve equation H = a Q^b",
-      "Exp &b in H=aQ^b:", "Exponent 'b' in rating curve equation H = a Q^b", false};
+      "Coef a i&n H=aQ^b:", "Coefficient 'a' in rating curve equation H = a Q^b", "",
+      "Exp &b in H=aQ^b:",  "Exponent 'b' in rating curve equation H = a Q^b",    false};
   return dsType == kDSRatingCurve ? kRatingCurve : kConstant;
 }
 

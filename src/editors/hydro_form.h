@@ -38,6 +38,9 @@ bool StoreForm(const HydroForm& form, HydroInput& hydro, Ui& ui);
 // Entries of `cboUSType` and `cboDSType`, in order.
 inline constexpr const char* kUSTypes[] = {"Flow", "Stage"};
 inline constexpr const char* kDSTypes[] = {"Flow", "Depth", "Rating Curve", "Rating Table"};
+// Units of their constant values.
+inline constexpr const char* kUSUnits[] = {"cfs", "ft msl"};
+inline constexpr const char* kDSUnits[] = {"cfs", "ft", "", ""};
 inline constexpr int kDSFlow = 0;
 inline constexpr int kDSRatingCurve = 2;
 
@@ -45,6 +48,7 @@ inline constexpr int kDSRatingCurve = 2;
 struct DownstreamLook {
   const char* AngleLabel;  ///< `lblConflAngle`
   const char* AngleTip;
+  const char* AngleUnit;
   const char* ValueLabel;  ///< `lblDSValue`
   const char* ValueTip;
   bool OffersFile;  ///< the boundary file field and its buttons are enabled

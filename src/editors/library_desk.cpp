@@ -7,8 +7,10 @@
 #include "core/files.h"
 #include "core/raised_flag.h"
 #include "core/save_file.h"
+#include "editors/lookup_names.h"
 #include "editors/typed_values.h"
 #include "model/hnp_file.h"
+#include "model/unsaved_network.h"
 #include "model/xsg_file.h"
 
 namespace lomaris {
@@ -213,6 +215,12 @@ bool LibraryDesk::Write(bool saveAs) {
   TakeTitle(library_, view_.Title());
   if (!SaveXSGFile(library_, around_.Project, around_.Screen, name)) return false;
   view_.SetCaption(LibraryCaption(name));
+  around_.Windows.LibrarySaved(name);
+  // The network's look-ups have followed in memory. Nobody else would ask to save them.
+  const bool renamed = !std::exchange(renames_, {}).empty();
+  if (renamed && !around_.Windows.EditsNetwork()) {
+    SaveNetworkFirst(around_.Hydro, around_.Project, around_.Screen);
+  }
   return true;
 }
 
@@ -228,6 +236,7 @@ bool LibraryDesk::QueryUnload() {
                                     .Title = "Lomaris",
                                     .BoxIcon = Icon::Question,
                                     .BoxButtons = Buttons::YesNoCancel});
+    if (answer == Answer::No) TakeRenamesBack();
     return answer == Answer::Yes ? Write(false) : answer == Answer::No;
   });
 }
@@ -280,25 +289,25 @@ void LibraryDesk::Delete() {
   });
 }
 
-/// The network in memory follows; it is saved in its own editor.
-void LibraryDesk::RenameLookups(const std::string& from, const std::string& to) {
+/// Whether there is a network in memory, or the project's could be read.
+bool LibraryDesk::NetworkIsThere() {
   HydroInput& hydro = around_.Hydro;
   ProjectData& project = around_.Project;
+  if (hydro.HydroLoaded) return true;
   const std::string name = FileIn(project.HydroFile);
-  const bool loaded =
-      hydro.HydroLoaded || (FindFile(name, project.FileName) &&
-                            LoadHNPFile(hydro, project, around_.Screen, name) && hydro.HydroLoaded);
-  if (!loaded) {
-    around_.Screen.ShowMessage({.Text = "Unable to load hydrodynamic file named \"" + name +
-                                        "\". XSG library references will not be updated."});
-    return;
-  }
-  for (int i = 1; i <= hydro.BranchCount; ++i) {
-    for (XSectRec& xsect : hydro.Branches[i].XSects) {
-      if (xsect.Lookup != from) continue;
-      xsect.Lookup = to;
-      hydro.Dirty = true;
-    }
+  return FindFile(name, project.FileName) && around_.Windows.ReleaseNetwork() &&
+         LoadHNPFile(hydro, project, around_.Screen, name) && hydro.HydroLoaded;
+}
+
+void LibraryDesk::RenameInNetwork(const std::string& from, const std::string& to) {
+  if (RenameLookups(around_.Hydro, from, to)) around_.Hydro.Dirty = true;
+  around_.Windows.LookupRenamed(from, to);
+}
+
+/// The library that is given up keeps its old names on disk, and so must the look-ups.
+void LibraryDesk::TakeRenamesBack() {
+  for (; !renames_.empty(); renames_.pop_back()) {
+    RenameInNetwork(renames_.back().second, renames_.back().first);
   }
 }
 
@@ -313,7 +322,15 @@ void LibraryDesk::Rename() {
     const std::optional<SectionName> asked =
         AskedName("Rename Cross Section", {section.Name, view_.Description()});
     if (!asked) return false;
-    RenameLookups(std::exchange(section.Name, asked->Name), asked->Name);
+    if (NetworkIsThere()) {
+      RenameInNetwork(section.Name, asked->Name);
+      renames_.emplace_back(section.Name, asked->Name);
+    } else {
+      around_.Screen.ShowMessage({.Text = "Unable to load hydrodynamic file named \"" +
+                                          FileIn(around_.Project.HydroFile) +
+                                          "\". XSG library references will not be updated."});
+    }
+    section.Name = asked->Name;
     const RaisedFlag ownChange(showing_);
     view_.ShowDescription(asked->Description);
     ShowList();

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "editors/surroundings.h"
@@ -103,13 +104,16 @@ class LibraryDesk {
   bool Write(bool saveAs);
   bool Agreed(const std::string& question);
   std::optional<SectionName> AskedName(const std::string& title, const SectionName& proposal);
-  void RenameLookups(const std::string& from, const std::string& to);
+  bool NetworkIsThere();
+  void RenameInNetwork(const std::string& from, const std::string& to);
+  void TakeRenamesBack();
 
   EditorSurroundings around_;
   LibraryView& view_;
   Sheet points_;
   XSectLibrary library_;
-  int number_ = 0;        ///< of the entry on view; 0 for none
+  std::vector<std::pair<std::string, std::string>> renames_;  ///< unsaved: from, to
+  int number_ = 0;                                            ///< of the entry on view; 0 for none
   bool showing_ = false;  ///< what changes in the window now is our own doing
 };
 

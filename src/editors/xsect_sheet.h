@@ -10,10 +10,14 @@
 
 namespace lomaris {
 
-// Columns of the hydrodynamic editor's `ssXSect` before those of the numbers.
+// Columns of the hydrodynamic editor's `ssXSect`: those of the texts, and of the numbers those that
+// the bed profile is drawn from.
 inline constexpr int kXSectNameCol = 1;
 inline constexpr int kPrintCol = 2;
 inline constexpr int kLookupCol = 3;
+inline constexpr int kLengthCol = 4;
+inline constexpr int kDepthCol = 6;
+inline constexpr int kInvertCol = 8;
 
 /// An empty grid of cross sections. It asks through `ui`, which outlives it, before rows are
 /// inserted or deleted.

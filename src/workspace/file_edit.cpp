@@ -17,31 +17,34 @@ bool NeedsNetwork(std::string_view kind) {
          kTypesOnNetwork.find("." + std::string(kind)) != std::string_view::npos;
 }
 
-/// A missing file would be taken as a new one by the reader; here it is no network. The network in
-/// memory counts when it is that of the file which the project names, or has unsaved changes.
-bool LoadNetwork(HydroInput& hydro, ProjectData& project, Ui& ui) {
-  if (hydro.HydroLoaded && hydro.Dirty) return true;
-  const std::optional<std::string> named = FindFile(project.HydroFile, project.FileName);
-  if (!named) return hydro.HydroLoaded;
-  if (hydro.HydroLoaded && FindFile(hydro.FileName, project.FileName) == named) return true;
-  return LoadHNPFile(hydro, project, ui, project.HydroFile) && hydro.HydroLoaded;
-}
-
 }  // namespace
 
+NetworkState LoadNetwork(HydroInput& hydro, ProjectData& project, Ui& ui, Workbench& windows) {
+  if (!FindFile(project.HydroFile, project.FileName)) {
+    return hydro.HydroLoaded ? NetworkState::Loaded : NetworkState::Missing;
+  }
+  if (hydro.HydroLoaded && SameFile(hydro.FileName, project.HydroFile, project.FileName)) {
+    return NetworkState::Loaded;
+  }
+  if (!windows.ReleaseNetwork()) return NetworkState::Kept;
+  const bool loaded = LoadHNPFile(hydro, project, ui, project.HydroFile) && hydro.HydroLoaded;
+  return loaded ? NetworkState::Loaded : NetworkState::Missing;
+}
+
 std::optional<EditRequest> PrepareFileEdit(EditRequest request, HydroInput& hydro,
-                                           ProjectData& project, Ui& ui) {
+                                           ProjectData& project, Ui& ui, Workbench& windows) {
   request.FileName = NameBeforeRemark(request.FileName);
   if (!request.FileName.empty()) request.Kind = TypeKey(request.FileName);
   if (request.Kind.empty()) return std::nullopt;
-  if (NeedsNetwork(request.Kind) && !LoadNetwork(hydro, project, ui)) {
+  if (!NeedsNetwork(request.Kind)) return request;
+  const NetworkState state = LoadNetwork(hydro, project, ui, windows);
+  if (state == NetworkState::Missing) {
     ui.ShowMessage({.Text = "Unable to load hydrodynamic file named \"" + project.HydroFile +
                             "\". You cannot edit auxiliary files without specifying a valid HNP "
                             "file in the project editor.",
                     .Title = "Edit Auxiliary File"});
-    return std::nullopt;
   }
-  return request;
+  return state == NetworkState::Loaded ? std::optional(request) : std::nullopt;
 }
 
 }  // namespace lomaris

@@ -11,8 +11,8 @@
 #include "core/text.h"
 #include "import/browse_file.h"
 #include "model/file_names.h"
-#include "model/hnp_file.h"
 #include "model/prj_file.h"
+#include "workspace/file_edit.h"
 #include "workspace/found_files.h"
 #include "workspace/global_replace.h"
 #include "workspace/shell_document.h"
@@ -82,9 +82,17 @@ bool ProjectDesk::SaveFirst() {
   return answer == Answer::No;
 }
 
+/// An editor that saves its file on the way may put names into the project: what was asked about
+/// before is asked about again then.
+bool ProjectDesk::OthersClosed() {
+  const ProjectData before = around_.Project;
+  return around_.Windows.CloseOtherWindows() && around_.Windows.ReleaseNetwork() &&
+         (around_.Project == before || SaveFirst());
+}
+
 /// Whether the project may make room for another one, or for none.
 bool ProjectDesk::Replaceable() {
-  return SaveFirst() && around_.Windows.CloseOtherWindows();
+  return SaveFirst() && OthersClosed();
 }
 
 bool ProjectDesk::LoadProject(const std::string& fileName) {
@@ -118,7 +126,7 @@ bool ProjectDesk::Open() {
     BrowseRequest request{.Filter = around_.SharedTables.FileFilter[kProjectFilter],
                           .Title = "Open"};
     const std::vector<std::string> chosen = BrowseFiles(request, around_.Screen, around_.Store);
-    return !chosen.empty() && around_.Windows.CloseOtherWindows() && OpenChosen(chosen.front());
+    return !chosen.empty() && OthersClosed() && OpenChosen(chosen.front());
   });
 }
 
@@ -276,9 +284,8 @@ std::string ProjectDesk::LoadNetwork() {
     const std::string& name = around_.Project.HydroFile;
     if (!NamesAFile(name)) return;
     text = "The network could not be read from " + name + ".";
-    // Changes that wait in the editor are not read over, and a missing file is no new one here.
-    if (!hydro.Dirty && !(FindFile(name, around_.Project.FileName) &&
-                          LoadHNPFile(hydro, around_.Project, around_.Screen, name))) {
+    if (lomaris::LoadNetwork(hydro, around_.Project, around_.Screen, around_.Windows) !=
+        NetworkState::Loaded) {
       return;
     }
     text = fmt::format("{}: {} branches, {} cross sections.\nThe network is not drawn yet.",

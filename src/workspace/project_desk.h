@@ -95,6 +95,7 @@ class ProjectDesk {
   bool RunAction(const char* routine, const std::function<bool()>& action);
 
   bool SaveFirst();
+  bool OthersClosed();
   bool Replaceable();
   bool LoadProject(const std::string& fileName);
   bool OpenChosen(const std::string& fileName);
@@ -108,7 +109,6 @@ class ProjectDesk {
   bool WarnBeforeSelecting(std::size_t slot);
   EditRequest RequestFor(const ProjectForm& form, std::size_t slot) const;
   void EditInSlot(const EditRequest& request);
-  void EditAside(const EditRequest& request);
   void PutIntoSlot(ProjectForm& form, std::size_t slot, const std::string& name);
   void ShowChanged(const ProjectForm& form);
   void ShowOutput(std::string path, std::string_view kind);

@@ -195,25 +195,11 @@ void ProjectDesk::RemoveFile(std::size_t slot) {
   });
 }
 
-/// Edits a file that is not to enter the project: an editor's save writes its names into the
-/// records, which are put back afterwards.
-void ProjectDesk::EditAside(const EditRequest& request) {
-  const ProjectData project = around_.Project;
-  const HydroInput hydro = around_.Hydro;
-  around_.Windows.FileEdit(request);
-  around_.Project = project;
-  around_.Hydro = hydro;
-}
-
 void ProjectDesk::CreateInputFile(std::size_t index) {
   Run("mnuFileCreateItem_Click", [&] {
     SaveForm();
-    const EditRequest request{.Kind = std::string(kInputFileKinds[index])};
-    if (request.Kind == "HNP") {
-      EditAside(request);
-    } else {
-      around_.Windows.FileEdit(request);
-    }
+    const std::string kind(kInputFileKinds[index]);
+    around_.Windows.FileEdit({.Kind = kind, .Aside = kind == "HNP"});
     LoadForm();
   });
 }
@@ -227,12 +213,11 @@ void ProjectDesk::OpenInputFile(std::size_t index) {
         .Title = "Open"};
     const std::vector<std::string> chosen = BrowseFiles(request, around_.Screen, around_.Store);
     if (chosen.empty()) return;
-    const EditRequest edit{.FileName = chosen.front()};
-    if (kind == "HNP" || kind == "QNP") {
-      EditAside(edit);
-    } else {
-      around_.Windows.FileEdit(edit);
-    }
+    const ProjectData& project = around_.Project;
+    const bool ofProject = SameFile(project.HydroFile, chosen.front(), project.FileName) ||
+                           SameFile(project.QualFile, chosen.front(), project.FileName);
+    around_.Windows.FileEdit(
+        {.FileName = chosen.front(), .Aside = (kind == "HNP" || kind == "QNP") && !ofProject});
   });
 }
 

@@ -259,6 +259,33 @@ TEST_F(HydroDeskTest, SavesUnderANameAndAsksBeforeItCloses) {
   EXPECT_EQ(ui.LastMessage(), "Cannot load Cross section file: gone.xsg");
 }
 
+TEST_F(HydroDeskTest, AFileOpenedAsideStaysOutOfTheProject) {
+  const std::string twin = folder.Write("twin.hnp", Example(kName));
+  const ProjectData before = project;
+  EXPECT_TRUE(desk.Open(twin, true) && !desk.EditsNetwork());
+  EXPECT_TRUE(desk.XSects().EndEdit(1, kLookupCol, "AF-RUN") && desk.Save(false));
+  EXPECT_TRUE(project == before && hydro.FileName == kName && !hydro.Dirty);
+  EXPECT_THAT(folder.Read("twin.hnp"), HasSubstr("\r\nAF-RUN"));
+  ui.Files = {{folder.Path(kName)}};
+  EXPECT_TRUE(desk.Save(true) && project == before);
+  EXPECT_FALSE(hydro.HydroLoaded) << "the file it was read from is another one now";
+  EXPECT_TRUE(desk.Open(kName) && desk.EditsNetwork() && hydro.HydroLoaded);
+}
+
+TEST_F(HydroDeskTest, FollowsTheLibrary) {
+  desk.LookupRenamed("CR-RUN1", "CR-NEW");
+  EXPECT_EQ(desk.XSects().TextMatrix(1, kLookupCol), "CR-NEW");
+  EXPECT_TRUE(desk.UnknownLookups().empty() && hydro.Dirty);
+  ui.Answers = {Answer::No};
+  EXPECT_TRUE(desk.QueryUnload());
+  EXPECT_TRUE(hydro.Branches[1].XSects[1].Lookup == "CR-NEW" && hydro.Dirty) << "it still waits";
+  folder.Write("corvane_shapes.xsg", "1\r\n2\r\n3\r\n 0 \r\n");
+  desk.LibrarySaved(folder.Path("elsewhere.xsg"));
+  EXPECT_TRUE(desk.UnknownLookups().empty());
+  desk.LibrarySaved(folder.Path("corvane_shapes.xsg"));
+  EXPECT_EQ(desk.UnknownLookups().size(), 19u);
+}
+
 TEST_F(HydroDeskTest, BoundaryFilesGoToTheProjectAndToTheirEditor) {
   hydro.Branches[2].USFile = folder.Write("up.bcf", "");
   EXPECT_FALSE(project.Dirty);

@@ -108,9 +108,22 @@ TEST_F(LibraryDeskTest, LookupNamesFollowARename) {
   EXPECT_EQ(view.Dialog + view.Names.at(9), "Rename Cross SectionCR-NEW");
   EXPECT_EQ(hydro.Branches[1].XSects[1].Lookup + hydro.Branches[1].XSects[2].Lookup,
             "CR-NEWCR-RIFF1");
-  EXPECT_TRUE(hydro.Dirty);
+  EXPECT_THAT(workbench.Notices, testing::ElementsAre("CR-RUN1 to CR-NEW"));
+  ui.Answers = {Answer::No};
+  EXPECT_TRUE(hydro.Dirty && desk.QueryUnload());
+  EXPECT_EQ(hydro.Branches[1].XSects[1].Lookup, "CR-RUN1") << "as the library on disk has it";
+  EXPECT_EQ(workbench.Notices.back(), "CR-NEW to CR-RUN1");
+
+  ASSERT_TRUE(desk.Open(kName) && desk.SelectEntry(9));
+  ui.Answers = {Answer::Yes, Answer::Yes};
+  desk.Rename();
+  EXPECT_TRUE(desk.Save(false));
+  EXPECT_EQ(ui.LastMessage(), "Save changes to Hydrodynamic input file?");
+  EXPECT_THAT(folder.Read("corvane_river.hnp"), testing::HasSubstr("\r\nCR-NEW"));
+  EXPECT_EQ(workbench.Notices.back(), "saved corvane_shapes.xsg");
 
   hydro = {};
+  ui.Answers = {Answer::Yes};
   project.HydroFile = "(Not Specified)";
   desk.Rename();
   EXPECT_EQ(ui.LastMessage(),

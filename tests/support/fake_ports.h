@@ -17,6 +17,10 @@ class FakeWorkbench : public Workbench {
   std::function<void()> OnFileEdit = [] {};
   int Closed = 0;
   bool LetClose = true;
+  bool Edits = false;
+  bool LetRelease = true;
+  std::function<void()> OnClose = [] {};
+  std::vector<std::string> Notices;
 
   bool OffersEditor(const std::string& kind) const override { return Editors.contains(kind); }
   void FileEdit(const EditRequest& request) override {
@@ -25,9 +29,18 @@ class FakeWorkbench : public Workbench {
   }
   bool CloseOtherWindows() override {
     ++Closed;
+    OnClose();
     return LetClose;
   }
   void RefreshProjectWindow() override {}
+  bool EditsNetwork() const override { return Edits; }
+  bool ReleaseNetwork() override { return LetRelease; }
+  void LookupRenamed(const std::string& from, const std::string& to) override {
+    Notices.push_back(from + " to " + to);
+  }
+  void LibrarySaved(const std::string& fileName) override {
+    Notices.push_back("saved " + fileName);
+  }
 };
 
 class FakeShell : public Shell {

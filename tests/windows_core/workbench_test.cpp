@@ -25,6 +25,7 @@ struct FakeEditor : EditorWindow {
     if (FileAlreadyOpen(windowTitle(), Person)) close();
   }
   bool MayClose() override { return !Stays; }
+  bool EditsNetwork() const override { return windowTitle().endsWith(".hnp"); }
 
   ScriptedUi& Person;
   bool Stays = false;
@@ -83,6 +84,18 @@ TEST_F(WorkbenchTest, LetsTheUserTryAgain) {
   ui.Answers = {Answer::Retry, Answer::Abort};
   EXPECT_EQ(OpenAfter("bad.xsg"), "");
   EXPECT_EQ(ui.Messages.size(), 2U);
+}
+
+TEST_F(WorkbenchTest, ReleasesTheNetworkFromItsEditorOrAsksItself) {
+  OpenAfter("a.hnp");
+  EXPECT_EQ(OpenAfter("b.xsg"), "a.hnp b.xsg");
+  EXPECT_TRUE(workbench.EditsNetwork() && workbench.ReleaseNetwork());
+  EXPECT_EQ(OpenAfter("c.xsg"), "b.xsg c.xsg");
+  hydro.Dirty = true;
+  ui.Answers = {Answer::Cancel, Answer::No};
+  EXPECT_FALSE(workbench.ReleaseNetwork());
+  EXPECT_EQ(ui.LastMessage(), "Save changes to Hydrodynamic input file?");
+  EXPECT_TRUE(workbench.ReleaseNetwork() && hydro == HydroInput());
 }
 
 TEST_F(WorkbenchTest, PlacesEditorsAsTheyStoodAndStopsWhereOneStays) {

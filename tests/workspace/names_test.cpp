@@ -81,9 +81,10 @@ TEST(FileEdit, CutsRemarksAndNeedsTheNetworkForFilesTiedToIt) {
   ScriptedUi ui;
   HydroInput hydro;
   ProjectData project;
+  FakeWorkbench windows;
   project.HydroFile = "river.hnp";
   const auto prepare = [&](const EditRequest& request) {
-    return PrepareFileEdit(request, hydro, project, ui);
+    return PrepareFileEdit(request, hydro, project, ui, windows);
   };
   EXPECT_EQ(prepare({.FileName = "  "}), std::nullopt);
   EXPECT_EQ(prepare({.FileName = "a.xsg (old)"}),
@@ -98,6 +99,14 @@ TEST(FileEdit, CutsRemarksAndNeedsTheNetworkForFilesTiedToIt) {
   folder.Write("river.hnp", "");
   EXPECT_TRUE(prepare({.FileName = "a.lat"}).has_value());
   EXPECT_EQ(hydro.FileName, "river.hnp");
+
+  project.HydroFile = folder.Write("other.hnp", "");
+  windows.LetRelease = false;
+  ui.Messages.clear();
+  EXPECT_FALSE(prepare({.FileName = "a.lat"}).has_value());
+  EXPECT_TRUE(ui.Messages.empty() && hydro.FileName == "river.hnp") << "an editor keeps it";
+  windows.LetRelease = true;
+  EXPECT_TRUE(prepare({.FileName = "a.lat"}).has_value() && hydro.FileName == project.HydroFile);
 }
 
 }  // namespace

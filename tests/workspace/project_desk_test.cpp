@@ -142,6 +142,30 @@ TEST_F(DeskTest, EditsWhatASlotNames) {
   EXPECT_EQ(project.MetCount, 2) << "the form is stored before the editor opens";
 }
 
+TEST_F(DeskTest, OpensOtherNetworksAsideAndAsksAgainWhatAnEditorHasChanged) {
+  const std::string own = folder.Write("one.hnp", ""), other = folder.Write("two.hnp", "");
+  ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
+  ui.Files = {{other}, {own}, {folder.Path("s.xsg")}};
+  for (const std::size_t item : {0u, 0u, 2u}) desk.OpenInputFile(item);
+  desk.CreateInputFile(0);
+  EXPECT_THAT(workbench.Opened, ElementsAre(EditRequest{.FileName = other, .Aside = true},
+                                            EditRequest{.FileName = own},
+                                            EditRequest{.FileName = folder.Path("s.xsg")},
+                                            EditRequest{.Kind = "HNP", .Aside = true}));
+  desk.RemoveFile(2);
+  workbench.OnClose = [&] { project.HydroFile = "saved_as.hnp"; };
+  workbench.LetRelease = false;
+  ui.Answers = {Answer::No};
+  EXPECT_FALSE(desk.Close()) << "the network in memory has to stay";
+  workbench.LetRelease = true;
+  workbench.OnClose = [&] { project.HydroFile = "saved_again.hnp"; };
+  ui.Answers = {Answer::No, Answer::Cancel};
+  EXPECT_FALSE(desk.Close());
+  workbench.OnClose = [] {};
+  ui.Answers = {Answer::No};
+  EXPECT_TRUE(desk.Close()) << "asked once where nothing has changed since";
+}
+
 TEST_F(DeskTest, WarnsOncePerKindBeforeAFileIsSelected) {
   ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
   ui.Answers = {Answer::Cancel};

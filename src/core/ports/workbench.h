@@ -4,7 +4,7 @@
 
 namespace lomaris {
 
-/// A file that is to be opened in its editor. The last four fields are for the editor of an
+/// A file that is to be opened in its editor. The slot, row, end and type are for the editor of an
 /// auxiliary file alone.
 struct EditRequest {
   std::string FileName = {};  ///< empty, with `Kind` set: a new, empty file
@@ -13,6 +13,7 @@ struct EditRequest {
   int Row = 0;                ///< branch number (boundary file) or place in the list (weather file)
   bool IsUpstream = false;    ///< boundary file: which end of the branch
   std::string BoundaryType = {};  ///< boundary file: "Q", "H", "T", or empty when not known
+  bool Aside = false;  ///< the file does not enter the project, nor what it says the shared records
 
   bool operator==(const EditRequest&) const = default;
 };
@@ -33,6 +34,20 @@ class Workbench {
 
   /// Brings the project window in line with the project record.
   virtual void RefreshProjectWindow() = 0;
+
+  /// Whether a window edits the network in memory.
+  virtual bool EditsNetwork() const = 0;
+
+  /// Before the network in memory makes room for another one, or for none: closes the window that
+  /// edits it, and asks about changes that wait in it. False: it has to stay.
+  virtual bool ReleaseNetwork() = 0;
+
+  /// A section of the library has got another name, and so have the look-ups of the network in
+  /// memory: whoever shows them follows.
+  virtual void LookupRenamed(const std::string& from, const std::string& to) = 0;
+
+  /// A cross section library was written.
+  virtual void LibrarySaved(const std::string& fileName) = 0;
 };
 
 }  // namespace lomaris

@@ -18,6 +18,13 @@ class EditorWindow : public QMainWindow {
   /// taken, closes itself.
   virtual void Initialize(const EditRequest& request) = 0;
 
+  /// Whether the window edits the network in memory.
+  virtual bool EditsNetwork() const { return false; }
+
+  // What other windows have done.
+  virtual void LookupRenamed(const std::string& /*from*/, const std::string& /*to*/) {}
+  virtual void LibrarySaved(const std::string& /*fileName*/) {}
+
  signals:
   /// The window is about to close and cannot be kept from it; it still stands where it stood.
   void Closing();

@@ -36,6 +36,7 @@ void ColourAxis(QCPAxis& axis, const QColor& text, const QColor& grid) {
 }  // namespace
 
 Plot::Plot(QWidget* parent) : QCustomPlot(parent) {
+  setLocale(QLocale::c());  // numbers as the program writes them everywhere
   TakePalette();
 }
 

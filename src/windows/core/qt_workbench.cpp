@@ -6,6 +6,7 @@
 
 #include "core/error_report.h"
 #include "core/window_position.h"
+#include "model/unsaved_network.h"
 #include "windows/core/window_placement.h"
 #include "workspace/file_edit.h"
 
@@ -20,6 +21,14 @@ QList<QPointer<QWidget>> OpenWindows() {
     if (window->isVisible() && (type == Qt::Window || type == Qt::Dialog)) windows << window;
   }
   return windows;
+}
+
+QList<QPointer<EditorWindow>> OpenEditors() {
+  QList<QPointer<EditorWindow>> editors;
+  for (const QPointer<QWidget>& window : OpenWindows()) {
+    if (auto* editor = qobject_cast<EditorWindow*>(window)) editors << editor;
+  }
+  return editors;
 }
 
 std::string SectionOf(const std::string& kind) {
@@ -48,7 +57,7 @@ void QtWorkbench::FileEdit(const EditRequest& request) {
   Trap trap(ui_, "FileEdit");
   std::optional<EditRequest> prepared;
   QPointer<EditorWindow> window;
-  trap.Run([&] { prepared = PrepareFileEdit(request, hydro_, project_, ui_); });
+  trap.Run([&] { prepared = PrepareFileEdit(request, hydro_, project_, ui_, *this); });
   if (!prepared) return;
   if (!OffersEditor(prepared->Kind)) {
     ui_.ShowMessage({.Text = "There is no editor for this type of file: " + prepared->Kind});
@@ -102,6 +111,29 @@ bool QtWorkbench::CloseOtherWindows() {
 
 void QtWorkbench::RefreshProjectWindow() {
   if (refresh_) refresh_();
+}
+
+bool QtWorkbench::EditsNetwork() const {
+  return std::ranges::any_of(OpenEditors(), [](const auto& each) { return each->EditsNetwork(); });
+}
+
+bool QtWorkbench::ReleaseNetwork() {
+  for (const QPointer<EditorWindow>& editor : OpenEditors()) {
+    if (editor && editor->EditsNetwork() && !editor->close()) return false;
+  }
+  return SaveNetworkFirst(hydro_, project_, ui_);
+}
+
+void QtWorkbench::LookupRenamed(const std::string& from, const std::string& to) {
+  for (const QPointer<EditorWindow>& editor : OpenEditors()) {
+    if (editor) editor->LookupRenamed(from, to);
+  }
+}
+
+void QtWorkbench::LibrarySaved(const std::string& fileName) {
+  for (const QPointer<EditorWindow>& editor : OpenEditors()) {
+    if (editor) editor->LibrarySaved(fileName);
+  }
 }
 
 bool FileAlreadyOpen(const QString& caption, Ui& ui) {

@@ -40,6 +40,11 @@ class QtWorkbench : public Workbench {
   bool CloseOtherWindows() override;
   void RefreshProjectWindow() override;
 
+  bool EditsNetwork() const override;
+  bool ReleaseNetwork() override;
+  void LookupRenamed(const std::string& from, const std::string& to) override;
+  void LibrarySaved(const std::string& fileName) override;
+
  private:
   struct Editor {
     Instances Count = Instances::Many;

@@ -1,0 +1,60 @@
+// What the hydrodynamic editor does with the files that belong to the network.
+
+#include "core/files.h"
+#include "editors/hydro_desk.h"
+#include "editors/typed_values.h"
+#include "import/browse_file.h"
+
+namespace lomaris {
+namespace {
+
+struct FileField {
+  const char* Kind;
+  int Slot;  ///< of the project window, and its filter
+  std::string HydroForm::*Name;
+};
+
+/// In the order of `NetworkFile`.
+constexpr FileField kFileFields[] = {{"LAT", 2, &HydroForm::LatFile},
+                                     {"WIT", 3, &HydroForm::WitFile},
+                                     {"XSG", 4, &HydroForm::XSGFile}};
+
+const FileField& FieldOf(NetworkFile file) {
+  return kFileFields[static_cast<int>(file)];
+}
+
+}  // namespace
+
+bool HydroDesk::OffersEdit(NetworkFile file) const {
+  const FileField& field = FieldOf(file);
+  return around_.Windows.OffersEditor(field.Kind) &&
+         FindFile(FileIn(view_.Form().*field.Name), Project().FileName);
+}
+
+void HydroDesk::EditFile(NetworkFile file) {
+  if (!OffersEdit(file)) return;
+  Run("btnBrowse_Click", [&] {
+    const FileField& field = FieldOf(file);
+    around_.Windows.FileEdit(
+        {.FileName = FileIn(view_.Form().*field.Name), .Kind = field.Kind, .Slot = field.Slot});
+    return true;
+  });
+}
+
+void HydroDesk::SelectFile(NetworkFile file) {
+  Run("btnBrowseSelect_Click", [&] {
+    const FileField& field = FieldOf(file);
+    HydroForm form = view_.Form();
+    BrowseRequest request{.Filter = around_.SharedTables.FileFilter[field.Slot],
+                          .Title = "Select Existing File",
+                          .FileName = FileIn(form.*field.Name)};
+    const auto chosen = BrowseFiles(request, around_.Screen, around_.Store);
+    if (chosen.empty()) return false;
+    form.*field.Name = chosen.front();
+    ShowForm(form);
+    Edited();
+    return true;
+  });
+}
+
+}  // namespace lomaris
