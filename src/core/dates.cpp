@@ -3,6 +3,7 @@
 #include <charconv>
 #include <chrono>
 #include <cmath>
+#include <ctime>
 
 #include <fmt/format.h>
 
@@ -176,6 +177,13 @@ std::optional<ModelDateTime> DateSerial(int year, int month, int day) {
                                          std::chrono::day(static_cast<unsigned>(day)));
   if (!date.ok()) return std::nullopt;
   return static_cast<double>((std::chrono::sys_days(date) - kDayZero).count());
+}
+
+ModelDateTime Today() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return *DateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
 }
 
 std::optional<ModelDateTime> ParseDate(std::string_view text) {

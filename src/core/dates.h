@@ -16,6 +16,9 @@ using ModelDateTime = double;
 /// outside 100 to 9999.
 std::optional<ModelDateTime> DateSerial(int year, int month, int day);
 
+/// The start of today, by the clock and the time zone of the computer.
+ModelDateTime Today();
+
 /// A date text: month/day/year with or without a time "hour:minute[:second][ AM|PM]", or an ISO
 /// date ("2031-05-01", a blank or T before the time). A two-digit year means 1930 to 2029. A time
 /// alone is a time of day 0. Nothing when the text is none of these.

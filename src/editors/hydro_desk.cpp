@@ -12,6 +12,7 @@
 #include "editors/xsect_sheet.h"
 #include "model/file_names.h"
 #include "model/hnp_file.h"
+#include "model/new_network.h"
 #include "model/unsaved_network.h"
 #include "model/xsg_file.h"
 
@@ -19,6 +20,7 @@ namespace lomaris {
 namespace {
 
 constexpr int kHydroFilter = 0;
+constexpr int kDaysOfNewNetwork = 30;
 constexpr int kSeedYears = 50;  ///< the model's day numbers run over after that
 
 }  // namespace
@@ -68,6 +70,7 @@ bool HydroDesk::LoadNetwork(const std::string& fileName) {
   HydroInput loaded;
   if (!LoadHNPFile(loaded, Project(), around_.Screen, fileName)) return false;
   if (!loaded.HydroLoaded) {
+    loaded = NewNetwork(Today(), Today() + kDaysOfNewNetwork);
     loaded.FileName = fileName;
     loaded.LatFile = Project().LatFileH;
     loaded.WitFile = Project().WitFileH;
