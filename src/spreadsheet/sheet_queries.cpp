@@ -1,5 +1,9 @@
 #include "spreadsheet/sheet_queries.h"
 
+#include <cmath>
+
+#include <fmt/format.h>
+
 #include "core/numbers.h"
 #include "core/text.h"
 
@@ -23,6 +27,30 @@ CellPlace Towards(CellPlace place, Direction direction) {
 bool IsWithin(const CellArea& area, CellPlace place) {
   return place.Row >= area.Top && place.Row <= area.Bottom && place.Col >= area.Left &&
          place.Col <= area.Right;
+}
+
+/// Looks at all cells, from the one that `next` makes of `from` on.
+template <class Next>
+std::optional<CellPlace> Find(const Sheet& sheet, std::string_view text, CellPlace from,
+                              Next&& next) {
+  const CellArea area = sheet.AllCells();
+  if (text.empty() || area.Empty()) return std::nullopt;
+  const std::string wanted = UpperCase(text);
+  CellPlace place = IsWithin(area, from) ? from : CellPlace{area.Bottom, area.Right};
+  for (std::int64_t left = area.Count(); left > 0; --left) {
+    place = next(area, place);
+    const std::string& candidate = sheet.TextMatrix(place.Row, place.Col);
+    if (candidate.empty()) continue;
+    if (UpperCase(candidate).find(wanted) != std::string::npos) return place;
+  }
+  return std::nullopt;
+}
+
+/// "Row 3" or "Rows 3 to 5".
+std::string LinesText(std::string_view name, int first, int last, int fixed) {
+  const int from = first - fixed + 1;
+  if (first == last) return fmt::format("{} {}", name, from);
+  return fmt::format("{}s {} to {}", name, from, last - fixed + 1);
 }
 
 }  // namespace
@@ -60,18 +88,32 @@ SelectionStatistics StatisticsOf(const Sheet& sheet, const CellArea& area) {
 }
 
 std::optional<CellPlace> FindNext(const Sheet& sheet, std::string_view text, CellPlace from) {
-  const CellArea area = sheet.AllCells();
-  if (text.empty() || area.Empty()) return std::nullopt;
-  const std::string wanted = UpperCase(text);
-  CellPlace place = IsWithin(area, from) ? from : CellPlace{area.Bottom, area.Right};
-  for (std::int64_t left = area.Count(); left > 0; --left) {
+  return Find(sheet, text, from, [](const CellArea& area, CellPlace place) {
     if (++place.Col > area.Right) place = {place.Row + 1, area.Left};
-    if (place.Row > area.Bottom) place.Row = area.Top;
-    const std::string& candidate = sheet.TextMatrix(place.Row, place.Col);
-    if (candidate.empty()) continue;
-    if (UpperCase(candidate).find(wanted) != std::string::npos) return place;
+    return place.Row > area.Bottom ? CellPlace{area.Top, area.Left} : place;
+  });
+}
+
+std::optional<CellPlace> FindPrevious(const Sheet& sheet, std::string_view text, CellPlace from) {
+  return Find(sheet, text, from, [](const CellArea& area, CellPlace place) {
+    if (--place.Col < area.Left) place = {place.Row - 1, area.Right};
+    return place.Row < area.Top ? CellPlace{area.Bottom, area.Right} : place;
+  });
+}
+
+std::string SelectionSummary(const Sheet& sheet) {
+  const CellArea area = sheet.SelectedArea();
+  if (area.Empty()) return {};
+  std::string text =
+      fmt::format("{}, {}", LinesText("Row", area.Top, area.Bottom, sheet.FixedRows()),
+                  LinesText("column", area.Left, area.Right, sheet.FixedCols()));
+  if (area.Count() == 1) return text;
+  const SelectionStatistics all = StatisticsOf(sheet, area);
+  text += fmt::format(": {} number{}", all.Numbers, all.Numbers == 1 ? "" : "s");
+  if (all.Numbers > 0 && std::isfinite(all.Sum)) {
+    text += fmt::format(", sum {}, mean {}", NumberText(all.Sum), NumberText(all.Mean()));
   }
-  return std::nullopt;
+  return text;
 }
 
 CellPlace JumpTarget(const Sheet& sheet, CellPlace from, Direction direction) {

@@ -33,6 +33,13 @@ SelectionStatistics StatisticsOf(const Sheet& sheet, const CellArea& area);
 /// `text`.
 std::optional<CellPlace> FindNext(const Sheet& sheet, std::string_view text, CellPlace from);
 
+/// The same the other way round: the last one before `from`.
+std::optional<CellPlace> FindPrevious(const Sheet& sheet, std::string_view text, CellPlace from);
+
+/// Where the selection is, counted from the first cell that is not fixed, and, of more than one
+/// cell, what its numbers come to: "Rows 3 to 5, column 2: 3 numbers, sum 4.5, mean 1.5".
+std::string SelectionSummary(const Sheet& sheet);
+
 enum class Direction { Up, Down, Left, Right };
 
 /// Where Ctrl and an arrow lead: to the end of the block of filled cells that `from` stands in, or

@@ -1,25 +1,103 @@
 #include "windows/spreadsheet/spreadsheet.h"
 
+#include <QPointer>
+#include <QVBoxLayout>
+
 namespace lomaris {
 
-Spreadsheet::Spreadsheet(QWidget* parent) : QWidget(parent) {}
+Spreadsheet::Spreadsheet(QWidget* parent) : QWidget(parent), pages_(new QStackedWidget) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(pages_);
+  setToolTip(tr("Right-click for options"));
+}
 
-void Spreadsheet::Attach(Sheet&, Ui&, Settings&, CopiedDates&) {}
+void Spreadsheet::Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDates& copied) {
+  sheet_ = &sheet;
+  screen_ = &screen;
+  commands_ = std::make_unique<SheetCommands>(sheet, screen, copied);
+  auto* page = new QWidget;
+  auto* layout = new QVBoxLayout(page);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  grid_ = new GridView(sheet, screen, settings, *commands_);
+  findBar_ = new FindBar(sheet);
+  status_ = new SelectionStatus(sheet);
+  layout->addWidget(grid_);
+  layout->addWidget(findBar_);
+  layout->addWidget(status_);
+  pages_->addWidget(page);
+  setFocusProxy(grid_);
+  // A sheet that outlives its window is not to tell a window that is gone.
+  sheet.Events.Refresh = [grid = QPointer(grid_)](bool) {
+    if (grid) grid->Refresh();
+  };
+  connect(grid_, &GridView::Click, this, &Spreadsheet::Click);
+  connect(grid_, &GridView::CurrentRowChanged, this, &Spreadsheet::CurrentRowChanged);
+  connect(grid_, &GridView::Refreshed, this, &Spreadsheet::Refreshed);
+  connect(grid_, &GridView::SelectionMoved, status_, &SelectionStatus::Renew);
+  ConnectMenu();
+  ConnectFindBar();
+}
 
-void Spreadsheet::SetColWidthText(int, const QString&) {}
+void Spreadsheet::ConnectMenu() {
+  menu_ = new EditMenu(*sheet_, *commands_, this);
+  connect(grid_, &GridView::MenuAsked, menu_,
+          [this](const QPoint& globalPlace) { menu_->popup(globalPlace); });
+  connect(menu_, &EditMenu::CommandChosen, grid_, &GridView::Run);
+  connect(menu_, &EditMenu::TravelChosen, grid_, &GridView::Travel);
+  connect(menu_, &EditMenu::FindChosen, findBar_, &FindBar::Open);
+  connect(menu_, &EditMenu::ChartChosen, this, &Spreadsheet::ShowChart);
+}
+
+void Spreadsheet::ConnectFindBar() {
+  connect(grid_, &GridView::FindAsked, findBar_, &FindBar::Open);
+  connect(grid_, &GridView::FindNextAsked, findBar_, &FindBar::FindNext);
+  connect(findBar_, &FindBar::Found, this, &Spreadsheet::ShowCell);
+  connect(findBar_, &FindBar::Closed, grid_, qOverload<>(&QWidget::setFocus));
+}
+
+void Spreadsheet::ShowChart() {
+  if (!EndEdit()) return;
+  if (chart_ == nullptr) {
+    chart_ = new SheetChart(*sheet_, *screen_, chartState_);
+    pages_->addWidget(chart_);
+    connect(chart_, &SheetChart::ReturnRequested, this, &Spreadsheet::ShowGrid);
+  }
+  if (!chart_->ShowArea(sheet_->SelectedArea())) return;
+  pages_->setCurrentWidget(chart_);
+  setFocusProxy(chart_);
+  chart_->setFocus();
+}
+
+void Spreadsheet::ShowGrid() {
+  pages_->setCurrentIndex(0);
+  setFocusProxy(grid_);
+  grid_->setFocus();
+}
+
+void Spreadsheet::SetColWidthText(int col, const QString& sample) {
+  grid_->SetColWidthText(col, sample);
+}
 
 bool Spreadsheet::EndEdit() {
-  return true;
+  return grid_ == nullptr || grid_->EndEdit();
 }
 
-void Spreadsheet::SendKeystroke(int) {}
+void Spreadsheet::SendKeystroke(int key) {
+  if (grid_->isVisible()) grid_->SendKeystroke(key);
+}
 
-void Spreadsheet::SetMark(std::function<QString(int, int)>) {}
+void Spreadsheet::SetMark(std::function<QString(int, int)> mark) {
+  grid_->SetMark(std::move(mark));
+}
 
 int Spreadsheet::CurrentRow() const {
-  return 0;
+  return sheet_->Selected().Row;
 }
 
-void Spreadsheet::ShowCell(int, int) {}
+void Spreadsheet::ShowCell(int row, int col) {
+  grid_->ShowCell({row, col});
+}
 
 }  // namespace lomaris

@@ -1,18 +1,27 @@
 #pragma once
 
+#include <QStackedWidget>
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 #include "core/ports/settings.h"
 #include "core/ports/ui.h"
 #include "spreadsheet/chart_state.h"
 #include "spreadsheet/sheet_commands.h"
+#include "windows/spreadsheet/edit_menu.h"
+#include "windows/spreadsheet/find_bar.h"
+#include "windows/spreadsheet/grid_view.h"
+#include "windows/spreadsheet/selection_status.h"
+#include "windows/spreadsheet/sheet_chart.h"
 
 namespace lomaris {
 
 /// The one table editor of the program: shows a `Sheet`, edits its cells in place, offers its
 /// commands by menu and keyboard, and draws its chart. It is put into forms by name and given its
 /// sheet afterwards.
+///
+/// Tab moves from cell to cell and stays in the table; Ctrl+Tab and Ctrl+Shift+Tab leave it.
 class Spreadsheet : public QWidget {
   Q_OBJECT
   Q_PROPERTY(bool ReverseX READ ReverseX WRITE SetReverseX)
@@ -22,7 +31,8 @@ class Spreadsheet : public QWidget {
  public:
   explicit Spreadsheet(QWidget* parent = nullptr);
 
-  /// All four outlive this. Takes the sheet's `Events.Refresh`; its other events stay the owner's.
+  /// Once. All four outlive this. Takes the sheet's `Events.Refresh`; its other events stay the
+  /// owner's.
   void Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDates& copied);
 
   /// Makes a column as wide as a sample text.
@@ -58,7 +68,21 @@ class Spreadsheet : public QWidget {
   void Refreshed();
 
  private:
+  void ConnectMenu();
+  void ConnectFindBar();
+  void ShowChart();
+  void ShowGrid();
+
   ChartState chartState_;
+  QStackedWidget* pages_;
+  Sheet* sheet_ = nullptr;  // like all below, none before `Attach`
+  Ui* screen_ = nullptr;
+  std::unique_ptr<SheetCommands> commands_;
+  GridView* grid_ = nullptr;
+  FindBar* findBar_ = nullptr;
+  SelectionStatus* status_ = nullptr;
+  EditMenu* menu_ = nullptr;
+  SheetChart* chart_ = nullptr;  // made when it is asked for
 };
 
 }  // namespace lomaris

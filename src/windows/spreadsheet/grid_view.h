@@ -1,0 +1,111 @@
+#pragma once
+
+#include <QLabel>
+#include <QTableView>
+#include <QTimer>
+#include <map>
+
+#include "spreadsheet/sheet_commands.h"
+#include "spreadsheet/sheet_queries.h"
+#include "windows/spreadsheet/cell_editor.h"
+#include "windows/spreadsheet/sheet_model.h"
+
+namespace lomaris {
+
+/// The cells of a sheet on the screen, with the keys and the pointer. The sheet's selection is the
+/// truth, the view's follows it; what is selected by the heads goes the other way.
+///
+/// Tab moves from cell to cell and stays in the table; Ctrl+Tab and Ctrl+Shift+Tab leave it.
+/// Shift+Space and Ctrl+Space select whole rows and columns.
+class GridView : public QTableView {
+  Q_OBJECT
+
+ public:
+  /// All of them outlive this.
+  GridView(Sheet& sheet, Ui& screen, Settings& settings, SheetCommands& commands,
+           QWidget* parent = nullptr);
+
+  /// The sheet has changed. Shown on the next turn of the event loop, with all changes until then.
+  void Refresh();
+
+  /// Shows at once what is waiting to be shown.
+  void TakeChanges();
+
+  void SetMark(CellMark mark);
+  void SetColWidthText(int col, const QString& sample);
+
+  bool EndEdit() { return editor_.End(); }
+  void SendKeystroke(int key);
+  void Run(SheetCommand command);
+  void Travel(bool undo);
+
+  /// Selects one cell and scrolls to it, once an edit under way has ended.
+  void ShowCell(CellPlace place);
+
+ signals:
+  void Click(int row, int col);
+  void CurrentRowChanged(int row);
+  void SelectionMoved();
+  void Refreshed();
+  void MenuAsked(const QPoint& globalPlace);
+  void FindAsked();
+  void FindNextAsked(bool backward);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  bool event(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& gone) override;
+
+ protected slots:
+  void updateGeometries() override;
+
+ private:
+  void SetUpHeads();
+  void FitToFont();
+  void FitHeads();
+  void OpenMenuOnHead(Qt::Orientation orientation, const QPoint& place);
+
+  void Select(const Selection& selection);
+  void SelectCell(CellPlace place) { Select({place.Row, place.Col, place.Row, place.Col}); }
+  void SelectWhole(Axis axis);
+  void ShowSelection();
+  void TakeHeadSelection();
+  void Reveal(CellPlace place);
+
+  void Edit(EditStart start, const QString& typed = {});
+  void PlaceEditor();
+
+  bool RunShortcut(const QKeyEvent& key);
+  bool Move(const QKeyEvent& key);
+  bool BeginEdit(const QKeyEvent& key);
+  CellPlace Target(int key, bool jump, CellPlace from) const;
+  int PageRows() const;
+  void StepAlong(bool next);
+
+  CellPlace CellNear(const QPoint& place) const;
+  void DragTo(const QPoint& place);
+
+  Sheet& sheet_;
+  Ui& screen_;
+  SheetCommands& commands_;
+  SheetModel model_;
+  CellEditor editor_;
+  QLabel* corner_;                  // over the button where the heads meet
+  std::map<int, QString> samples_;  // texts that columns are as wide as
+  bool waiting_ = false;            // for the next turn of the event loop
+  bool showing_ = false;            // the sheet's selection on its way into the view
+  bool doubleClicked_ = false;
+  Selection shown_;
+  QTimer drag_;  // runs while cells are selected by the pointer, and scrolls when that is outside
+};
+
+}  // namespace lomaris
