@@ -1,5 +1,6 @@
 #include "windows/spreadsheet/cell_editor.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <utility>
 
@@ -185,7 +186,7 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::ShortcutOverride:
       event->accept();  // while a cell is edited, all keys are its own
-      return false;
+      return list;
     case QEvent::KeyPress: {
       const auto& key = static_cast<const QKeyEvent&>(*event);
       return list ? TakeListKey(key) : TakeKey(key);
@@ -246,7 +247,9 @@ void CellEditor::Finish(int key, Qt::KeyboardModifiers modifiers) {
 void CellEditor::FocusLost(Qt::FocusReason reason) {
   constexpr Qt::FocusReason kPassing[] = {Qt::PopupFocusReason, Qt::MenuBarFocusReason,
                                           Qt::ActiveWindowFocusReason};
-  if (std::ranges::count(kPassing, reason) > 0 || !ground_.isVisible() || End()) return;
+  const bool passing = std::ranges::count(kPassing, reason) > 0 ||
+                       QApplication::activePopupWidget() != nullptr || !ground_.isVisible();
+  if (passing || End()) return;
   QTimer::singleShot(0, text_, [this] {
     if (open_ == text_ && text_->isVisible()) text_->setFocus();
   });

@@ -4,11 +4,25 @@
 #include <QVBoxLayout>
 
 namespace lomaris {
+namespace {
+
+/// The controls of a page take the place that the form has given to the widget they are in.
+void PutIntoTabOrder(QWidget& widget, const QWidget& page) {
+  QWidget* last = &widget;
+  for (QWidget* each : page.findChildren<QWidget*>()) {
+    if ((each->focusPolicy() & Qt::TabFocus) == 0) continue;
+    QWidget::setTabOrder(last, each);
+    last = each;
+  }
+}
+
+}  // namespace
 
 Spreadsheet::Spreadsheet(QWidget* parent) : QWidget(parent), pages_(new QStackedWidget) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(pages_);
+  setFocusPolicy(Qt::StrongFocus);  // a place in the tab order, which the grid takes
   setToolTip(tr("Right-click for options"));
 }
 
@@ -27,6 +41,7 @@ void Spreadsheet::Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDat
   layout->addWidget(findBar_);
   layout->addWidget(status_);
   pages_->addWidget(page);
+  PutIntoTabOrder(*this, *page);
   setFocusProxy(grid_);
   // A sheet that outlives its window is not to tell a window that is gone.
   sheet.Events.Refresh = [grid = QPointer(grid_)](bool) {
@@ -62,6 +77,7 @@ void Spreadsheet::ShowChart() {
   if (chart_ == nullptr) {
     chart_ = new SheetChart(*sheet_, *screen_, chartState_);
     pages_->addWidget(chart_);
+    setTabOrder(grid_, chart_);
     connect(chart_, &SheetChart::ReturnRequested, this, &Spreadsheet::ShowGrid);
   }
   if (!chart_->ShowArea(sheet_->SelectedArea())) return;
