@@ -9,10 +9,10 @@ namespace lomaris {
 
 /// One cross section of a branch, as it is drawn. What the grid holds no number for is missing.
 struct ProfilePoint {
-  int Row = 0;                    ///< of the grid
-  double Distance = 0;            ///< ft downstream of the branch's first cross section
-  std::optional<double> Invert;   ///< ft msl
-  std::optional<double> Surface;  ///< ft msl, initial water surface
+  int Row = 0;                         ///< of the grid
+  double Distance = 0;                 ///< ft downstream of the branch's first cross section
+  std::optional<double> Invert = {};   ///< ft msl
+  std::optional<double> Surface = {};  ///< ft msl, initial water surface
 
   bool operator==(const ProfilePoint&) const = default;
 };

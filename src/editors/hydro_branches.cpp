@@ -10,13 +10,12 @@
 #include "editors/hydro_desk.h"
 #include "editors/typed_values.h"
 #include "editors/xsect_sheet.h"
-#include "import/browse_file.h"
 #include "model/file_names.h"
 
 namespace lomaris {
 namespace {
 
-constexpr int kBoundarySlot = 5;  ///< of the project window, and its filter
+constexpr int kBoundarySlot = 5;  ///< of the project window
 
 constexpr const char* kFlowWarning =
     "Please be aware that it may be difficult to achieve a stable hydrodynamic analysis when "
@@ -228,12 +227,9 @@ void HydroDesk::RunBoundary(BoundaryAction action, bool isUpstream) {
     BranchForm form = view_.Branch();
     std::string& field = isUpstream ? form.USFile : form.DSFile;
     if (action == BoundaryAction::Open) {
-      BrowseRequest request{.Filter = around_.SharedTables.FileFilter[kBoundarySlot],
-                            .Title = "Select Existing File",
-                            .FileName = FileIn(field)};
-      const auto chosen = BrowseFiles(request, around_.Screen, around_.Store);
+      const std::string chosen = AskForFile(kBoundarySlot, field);
       if (chosen.empty()) return false;
-      field = chosen.front();
+      field = chosen;
       ShowBranch(form);
       Edited();
       return true;

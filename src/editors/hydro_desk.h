@@ -115,6 +115,7 @@ class HydroDesk {
   bool Write(bool saveAs);
   void ForgetSharedCopy(const std::string& fileName);
   std::string NameToSaveUnder(bool saveAs);
+  std::string AskForFile(int slot, const std::string& field);
   bool TakeAll();
 
   void ShowBranch(const BranchForm& form);

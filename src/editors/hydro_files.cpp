@@ -10,7 +10,7 @@ namespace {
 
 struct FileField {
   const char* Kind;
-  int Slot;  ///< of the project window, and its filter
+  int Slot;  ///< of the project window
   std::string HydroForm::*Name;
 };
 
@@ -24,6 +24,16 @@ const FileField& FieldOf(NetworkFile file) {
 }
 
 }  // namespace
+
+/// A file of the kind that a slot of the project window takes; `field` names the one at hand. Empty
+/// when cancelled.
+std::string HydroDesk::AskForFile(int slot, const std::string& field) {
+  BrowseRequest request{.Filter = around_.SharedTables.FileFilter[slot],
+                        .Title = "Select Existing File",
+                        .FileName = FileIn(field)};
+  const auto chosen = BrowseFiles(request, around_.Screen, around_.Store);
+  return chosen.empty() ? std::string() : chosen.front();
+}
 
 bool HydroDesk::OffersEdit(NetworkFile file) const {
   const FileField& field = FieldOf(file);
@@ -45,12 +55,9 @@ void HydroDesk::SelectFile(NetworkFile file) {
   Run("btnBrowseSelect_Click", [&] {
     const FileField& field = FieldOf(file);
     HydroForm form = view_.Form();
-    BrowseRequest request{.Filter = around_.SharedTables.FileFilter[field.Slot],
-                          .Title = "Select Existing File",
-                          .FileName = FileIn(form.*field.Name)};
-    const auto chosen = BrowseFiles(request, around_.Screen, around_.Store);
+    const std::string chosen = AskForFile(field.Slot, form.*field.Name);
     if (chosen.empty()) return false;
-    form.*field.Name = chosen.front();
+    form.*field.Name = chosen;
     ShowForm(form);
     Edited();
     return true;
