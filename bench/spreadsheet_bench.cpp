@@ -9,6 +9,7 @@
 
 #include "bench/quiet_ui.h"
 #include "core/numbers.h"
+#include "spreadsheet/chart_data.h"
 #include "spreadsheet/sheet_commands.h"
 #include "spreadsheet/sheet_queries.h"
 
@@ -106,6 +107,15 @@ void StatisticsOfAllCells(benchmark::State& state) {
   }
 }
 BENCHMARK(StatisticsOfAllCells)->Unit(benchmark::kMillisecond);
+
+/// Beside the statistics, which read the same numbers and keep none.
+void ChartOfAllCells(benchmark::State& state) {
+  const Desk desk;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(ReadChart(desk.Table, desk.Table.SelectedArea(), {}));
+  }
+}
+BENCHMARK(ChartOfAllCells)->Unit(benchmark::kMillisecond);
 
 void FindInAllCells(benchmark::State& state) {
   const Desk desk;

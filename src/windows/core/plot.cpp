@@ -13,14 +13,14 @@ struct Colours {
   QColor On(bool dark) const { return QColor::fromRgb(dark ? OnDark : OnLight); }
 };
 
-constexpr std::array<Colours, 8> kSeries = {{{0xff0b62a4, 0xff6cb2e6},
-                                             {0xffc05a00, 0xfff0a050},
-                                             {0xff1a7f4b, 0xff63c893},
-                                             {0xff8e3a8e, 0xffd58fd5},
-                                             {0xff7a6a00, 0xffd2c04a},
-                                             {0xff007a87, 0xff5cc8d4},
-                                             {0xff8a4b2a, 0xffcf9a7c},
-                                             {0xff555a60, 0xffa8adb4}}};
+constexpr std::array<Colours, Plot::kSeriesColours> kSeries = {{{0xff0b62a4, 0xff6cb2e6},
+                                                                {0xffc05a00, 0xfff0a050},
+                                                                {0xff1a7f4b, 0xff63c893},
+                                                                {0xff8e3a8e, 0xffd58fd5},
+                                                                {0xff7a6a00, 0xffd2c04a},
+                                                                {0xff007a87, 0xff5cc8d4},
+                                                                {0xff8a4b2a, 0xffcf9a7c},
+                                                                {0xff555a60, 0xffa8adb4}}};
 constexpr Colours kFault = {0xffc4211b, 0xffff7a70};
 
 void ColourAxis(QCPAxis& axis, const QColor& text, const QColor& grid) {

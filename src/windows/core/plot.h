@@ -12,8 +12,10 @@ class Plot : public QCustomPlot {
  public:
   explicit Plot(QWidget* parent = nullptr);
 
-  /// The colour of a series, counted from 0: told apart by people who see colours differently, and
-  /// readable on a light and on a dark ground.
+  static constexpr int kSeriesColours = 8;
+
+  /// The colour of a series, counted from 0, which return after the last: told apart by people who
+  /// see colours differently, and readable on a light and on a dark ground.
   QColor SeriesColour(int series) const;
 
   /// For what is wrong in the data.
