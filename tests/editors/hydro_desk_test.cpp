@@ -301,5 +301,17 @@ TEST_F(HydroDeskTest, BoundaryFilesGoToTheProjectAndToTheirEditor) {
   EXPECT_EQ(view.End.USFile, "other.bcf");
 }
 
+TEST_F(HydroDeskTest, SelectsTheFilesOfTheNetworkAndEditsThoseThatHaveAnEditor) {
+  workbench.Editors = {"LAT"};
+  desk.EditFile(NetworkFile::Lateral);  // names none
+  ui.Files = {{folder.Write("in.lat", "")}};
+  desk.SelectFile(NetworkFile::Lateral);
+  EXPECT_TRUE(hydro.Dirty);
+  EXPECT_FALSE(desk.OffersEdit(NetworkFile::Library));
+  desk.EditFile(NetworkFile::Lateral);
+  const EditRequest expected{.FileName = folder.Path("in.lat"), .Kind = "LAT", .Slot = 2};
+  EXPECT_THAT(workbench.Opened, testing::ElementsAre(expected));
+}
+
 }  // namespace
 }  // namespace lomaris
