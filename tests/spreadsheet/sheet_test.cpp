@@ -228,6 +228,8 @@ TEST_F(SheetTest, FindsTheNextTextAndJumpsByBlocks) {
   EXPECT_EQ(found("AB", {1, 1}) + found("ab", {3, 1}) + found("q", {3, 2}) + found("Ab", {0, 0}),
             "31113211");
   EXPECT_EQ(found("", {1, 1}) + found("w", {1, 1}), "nonenone");
+  EXPECT_EQ(FindPrevious(sheet_, "ab", {3, 1}), (CellPlace{1, 1}));
+  EXPECT_EQ(FindPrevious(sheet_, "z", {1, 1}), (CellPlace{4, 3}));
   using enum Direction;
   const std::tuple<CellPlace, Direction, CellPlace> jumps[] = {
       {{1, 1}, Right, {1, 3}}, {{1, 1}, Down, {3, 1}}, {{3, 1}, Down, {4, 1}},
@@ -235,6 +237,21 @@ TEST_F(SheetTest, FindsTheNextTextAndJumpsByBlocks) {
       {{2, 3}, Left, {2, 1}},  {{4, 1}, Up, {3, 1}},   {{1, 2}, Up, {1, 2}}};
   for (const auto& [from, direction, target] : jumps) {
     EXPECT_EQ(JumpTarget(sheet_, from, direction), target) << from.Row << from.Col;
+  }
+}
+
+TEST_F(SheetTest, SaysWhatIsSelected) {
+  Set("1,x|2.5,|1E308,1E308");
+  const std::pair<CellArea, const char*> cases[] = {
+      {{2, 1, 2, 1}, "Row 2, column 1"},
+      {{1, 1, 2, 2}, "Rows 1 to 2, columns 1 to 2: 2 numbers, sum 3.5, mean 1.75"},
+      {{1, 1, 1, 2}, "Row 1, columns 1 to 2: 1 number, sum 1, mean 1"},
+      {{1, 2, 2, 2}, "Rows 1 to 2, column 2: 0 numbers"},
+      {{3, 1, 3, 2}, "Row 3, columns 1 to 2: 2 numbers"},  // no number holds their sum
+  };
+  for (const auto& [area, expected] : cases) {
+    sheet_.SelectArea(area);
+    EXPECT_EQ(SelectionSummary(sheet_), expected);
   }
 }
 

@@ -10,7 +10,7 @@
 #include "windows/core/browse_for_file.h"
 #include "windows/core/qt_dates.h"
 #include "windows/core/qt_text.h"
-#include "windows/spreadsheet/typed_text.h"
+#include "windows/spreadsheet/key_kinds.h"
 
 namespace lomaris {
 namespace {
@@ -19,10 +19,6 @@ constexpr int kRefusalShown = 1000;  // milliseconds
 constexpr const char* kAllFiles = "All files (*.*)|*.*";
 
 constexpr int kPassingKeys[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
-
-bool IsEnter(int key) {
-  return key == Qt::Key_Return || key == Qt::Key_Enter;
-}
 
 bool IsTab(int key) {
   return key == Qt::Key_Tab || key == Qt::Key_Backtab;

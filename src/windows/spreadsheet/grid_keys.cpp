@@ -4,7 +4,7 @@
 
 #include "windows/core/qt_text.h"
 #include "windows/spreadsheet/grid_view.h"
-#include "windows/spreadsheet/typed_text.h"
+#include "windows/spreadsheet/key_kinds.h"
 
 namespace lomaris {
 namespace {
@@ -37,59 +37,58 @@ constexpr Arrow kArrows[] = {
 
 constexpr CellPlace kNowhere{-1, -1};
 
-bool IsKey(const QKeyEvent& key, int wanted, Qt::KeyboardModifiers modifiers = {}) {
-  return key.key() == wanted && (key.modifiers() & ~Qt::KeypadModifier) == modifiers;
+}  // namespace
+
+void GridView::SetUpShortcuts() {
+  const auto add = [this](const QList<QKeySequence>& keys, const std::function<void()>& act) {
+    for (const QKeySequence& key : keys) shortcuts_[key] = act;
+  };
+  for (const CommandKey& each : kCommandKeys) {
+    add(QKeySequence::keyBindings(each.Key), [this, &each] { Run(each.Command); });
+  }
+  add({Qt::CTRL | Qt::Key_Z}, [this] { Travel(true); });
+  add({Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z}, [this] { Travel(false); });
+  add({Qt::CTRL | Qt::Key_F}, [this] { emit FindAsked(); });
+  add({Qt::Key_F3}, [this] { emit FindNextAsked(false); });
+  add({Qt::SHIFT | Qt::Key_F3}, [this] { emit FindNextAsked(true); });
+  add({Qt::Key_Menu, Qt::SHIFT | Qt::Key_F10}, [this] { AskForMenu(); });
+  add({Qt::SHIFT | Qt::Key_Space}, [this] { SelectWhole(Axis::Rows); });
+  add({Qt::CTRL | Qt::Key_Space}, [this] { SelectWhole(Axis::Cols); });
+  add({Qt::Key_F2}, [this] { Edit(EditStart::Text); });
 }
 
-}  // namespace
+/// Null for other keys.
+const std::function<void()>* GridView::ShortcutOf(const QKeyEvent& key) const {
+  const auto held = key.modifiers() & ~Qt::KeypadModifier;
+  const auto found = shortcuts_.find(QKeyCombination(held, static_cast<Qt::Key>(key.key())));
+  return found == shortcuts_.end() ? nullptr : &found->second;
+}
 
 bool GridView::event(QEvent* event) {
   // The window's menu may have the same keys; in the table they are the table's.
-  if (event->type() == QEvent::ShortcutOverride) {
-    const auto& key = static_cast<const QKeyEvent&>(*event);
-    for (const CommandKey& each : kCommandKeys) {
-      if (key.matches(each.Key)) event->accept();
-    }
-    for (const QKeySequence::StandardKey each : {QKeySequence::Undo, QKeySequence::Redo}) {
-      if (key.matches(each)) event->accept();
-    }
-    if (event->isAccepted()) return true;
+  if (event->type() == QEvent::ShortcutOverride &&
+      ShortcutOf(static_cast<const QKeyEvent&>(*event)) != nullptr) {
+    event->accept();
+    return true;
   }
   return QTableView::event(event);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
   TakeChanges();
-  const bool taken = !EndEdit() || RunShortcut(*event) || Move(*event) || BeginEdit(*event);
-  event->setAccepted(taken);
+  event->setAccepted(!EndEdit() || RunShortcut(*event) || Move(*event) || BeginEdit(*event));
 }
 
 bool GridView::RunShortcut(const QKeyEvent& key) {
-  for (const CommandKey& each : kCommandKeys) {
-    if (!key.matches(each.Key)) continue;
-    Run(each.Command);
-    return true;
-  }
-  const Qt::KeyboardModifiers ctrlShift = Qt::ControlModifier | Qt::ShiftModifier;
-  if (key.matches(QKeySequence::Undo)) {
-    Travel(true);
-  } else if (IsKey(key, Qt::Key_Y, Qt::ControlModifier) || IsKey(key, Qt::Key_Z, ctrlShift)) {
-    Travel(false);
-  } else if (IsKey(key, Qt::Key_F, Qt::ControlModifier)) {
-    emit FindAsked();
-  } else if (IsKey(key, Qt::Key_F3) || IsKey(key, Qt::Key_F3, Qt::ShiftModifier)) {
-    emit FindNextAsked(key.modifiers().testFlag(Qt::ShiftModifier));
-  } else if (IsKey(key, Qt::Key_Menu) || IsKey(key, Qt::Key_F10, Qt::ShiftModifier)) {
-    const QRect cell = visualRect(currentIndex());
-    emit MenuAsked(viewport()->mapToGlobal(cell.intersected(viewport()->rect()).center()));
-  } else if (IsKey(key, Qt::Key_Space, Qt::ShiftModifier)) {
-    SelectWhole(Axis::Rows);
-  } else if (IsKey(key, Qt::Key_Space, Qt::ControlModifier)) {
-    SelectWhole(Axis::Cols);
-  } else {
-    return false;
-  }
-  return true;
+  const std::function<void()>* const act = ShortcutOf(key);
+  if (act != nullptr) (*act)();
+  return act != nullptr;
+}
+
+/// The menu at the current cell.
+void GridView::AskForMenu() {
+  const QRect cell = visualRect(currentIndex()).intersected(viewport()->rect());
+  emit MenuAsked(viewport()->mapToGlobal(cell.center()));
 }
 
 bool GridView::Move(const QKeyEvent& key) {
@@ -98,7 +97,7 @@ bool GridView::Move(const QKeyEvent& key) {
     return QAbstractScrollArea::focusNextPrevChild(key.key() == Qt::Key_Tab);
   }
   if (key.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) return false;
-  const bool extend = key.modifiers().testFlag(Qt::ShiftModifier);
+  const bool extend = key.modifiers().testFlag(Qt::ShiftModifier) && !IsEnter(key.key());
   const Selection& now = sheet_.Selected();
   const CellPlace from = extend ? CellPlace{now.RowSel, now.ColSel} : CellPlace{now.Row, now.Col};
   const CellPlace to = Target(key.key(), key.modifiers().testFlag(Qt::ControlModifier), from);
@@ -118,7 +117,7 @@ CellPlace GridView::Target(int key, bool jump, CellPlace from) const {
   if (key == Qt::Key_Home) return {jump ? all.Top : from.Row, all.Left};
   if (key == Qt::Key_End) return {jump ? all.Bottom : from.Row, all.Right};
   if (jump) return kNowhere;
-  if (key == Qt::Key_Return || key == Qt::Key_Enter) return {from.Row + 1, from.Col};
+  if (IsEnter(key)) return {from.Row + 1, from.Col};
   if (key == Qt::Key_PageUp) return {std::max(0, from.Row - PageRows()), from.Col};
   if (key == Qt::Key_PageDown) return {from.Row + PageRows(), from.Col};
   return kNowhere;
@@ -144,10 +143,6 @@ void GridView::StepAlong(bool next) {
 }
 
 bool GridView::BeginEdit(const QKeyEvent& key) {
-  if (IsKey(key, Qt::Key_F2)) {
-    Edit(EditStart::Text);
-    return true;
-  }
   if (!IsTyped(key)) return false;
   Edit(EditStart::Typed, key.text());
   return true;

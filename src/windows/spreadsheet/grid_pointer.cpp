@@ -26,7 +26,7 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   const QModelIndex index = indexAt(event->position().toPoint());
   if (!EndEdit() || event->button() != Qt::LeftButton || !index.isValid()) return;
   doubleClicked_ = false;
-  const CellPlace place = model_.PlaceOf(index);
+  const CellPlace place = model_->PlaceOf(index);
   const Selection& now = sheet_.Selected();
   if (event->modifiers().testFlag(Qt::ShiftModifier)) {
     Select({now.Row, now.Col, place.Row, place.Col});
@@ -47,11 +47,11 @@ void GridView::DragTo(const QPoint& place) {
 }
 
 CellPlace GridView::CellNear(const QPoint& place) const {
-  const int row = LineNear(place.y(), viewport()->height(), model_.rowCount(),
+  const int row = LineNear(place.y(), viewport()->height(), model_->rowCount(),
                            [this](int at) { return rowAt(at); });
-  const int col = LineNear(place.x(), viewport()->width(), model_.columnCount(),
+  const int col = LineNear(place.x(), viewport()->width(), model_->columnCount(),
                            [this](int at) { return columnAt(at); });
-  return model_.PlaceOf(model_.index(row, col));
+  return model_->PlaceOf(model_->index(row, col));
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
@@ -73,14 +73,11 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
-  if (event->reason() == QContextMenuEvent::Keyboard) {
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_Menu, Qt::NoModifier);
-    return keyPressEvent(&key);
-  }
   TakeChanges();
   if (!EndEdit()) return;
+  if (event->reason() == QContextMenuEvent::Keyboard) return AskForMenu();
   const QModelIndex index = indexAt(event->pos());
-  if (index.isValid() && !selectionModel()->isSelected(index)) SelectCell(model_.PlaceOf(index));
+  if (index.isValid() && !selectionModel()->isSelected(index)) SelectCell(model_->PlaceOf(index));
   emit MenuAsked(event->globalPos());
 }
 
@@ -94,7 +91,7 @@ void GridView::OpenMenuOnHead(Qt::Orientation orientation, const QPoint& place) 
   const CellArea area = sheet_.SelectedArea();
   const CellArea all = sheet_.AllCells();
   const bool whole = rows ? area.Cols() == all.Cols() : area.Rows() == all.Rows();
-  const CellPlace cell = model_.PlaceOf(model_.index(rows ? section : 0, rows ? 0 : section));
+  const CellPlace cell = model_->PlaceOf(model_->index(rows ? section : 0, rows ? 0 : section));
   const bool within = rows ? cell.Row >= area.Top && cell.Row <= area.Bottom
                            : cell.Col >= area.Left && cell.Col <= area.Right;
   if (section >= 0 && !(whole && within)) rows ? selectRow(section) : selectColumn(section);

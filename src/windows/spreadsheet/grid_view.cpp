@@ -25,11 +25,11 @@ GridView::GridView(Sheet& sheet, Ui& screen, Settings& settings, SheetCommands& 
       sheet_(sheet),
       screen_(screen),
       commands_(commands),
-      model_(sheet),
-      editor_(sheet, screen, settings, *viewport()),
+      model_(new SheetModel(sheet, this)),
+      editor_(new CellEditor(sheet, screen, settings, *viewport())),
       corner_(new QLabel(findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly))) {
-  setModel(&model_);
-  setItemDelegate(new CellDelegate(model_, this));
+  setModel(model_);
+  setItemDelegate(new CellDelegate(*model_, this));
   setEditTriggers(NoEditTriggers);
   setSelectionMode(ContiguousSelection);
   setAutoScroll(false);  // a head's whole line must not scroll to its first cell
@@ -38,8 +38,9 @@ GridView::GridView(Sheet& sheet, Ui& screen, Settings& settings, SheetCommands& 
   setAttribute(Qt::WA_InputMethodEnabled);
   setAccessibleName(tr("Table"));
   SetUpHeads();
+  SetUpShortcuts();
   FitToFont();
-  connect(&editor_, &CellEditor::KeyPassed, this, [this](int key, Qt::KeyboardModifiers held) {
+  connect(editor_, &CellEditor::KeyPassed, this, [this](int key, Qt::KeyboardModifiers held) {
     QCoreApplication::postEvent(this, new QKeyEvent(QEvent::KeyPress, key, held));
   });
   connect(&drag_, &QTimer::timeout, this,
@@ -67,21 +68,38 @@ void GridView::SetUpHeads() {
 
 void GridView::FitToFont() {
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
-  for (const auto& [col, sample] : samples_) SetColWidthText(col, sample);
+  FitColumnsFrom(0);
   FitHeads();
+}
+
+void GridView::FitColumnsFrom(int first) {
+  for (const auto& [col, sample] : samples_) {
+    if (col >= first) FitColumn(col, sample);
+  }
+}
+
+/// The sample of a column of heads says how wide they are at least.
+void GridView::FitColumn(int col, const QString& sample) {
+  const int heads = model_->HasHeads(Qt::Vertical) ? 1 : 0;
+  const int width = fontMetrics().horizontalAdvance(sample) + 2 * kCellMargin + kRowRoom;
+  if (col < heads) {
+    verticalHeader()->setMinimumWidth(width);
+  } else if (col < sheet_.Cols()) {
+    setColumnWidth(col - heads, width);
+  }
 }
 
 /// The heads are as high as the tallest heading with room to spare.
 void GridView::FitHeads() {
-  horizontalHeader()->setVisible(model_.HasHeads(Qt::Horizontal));
-  verticalHeader()->setVisible(model_.HasHeads(Qt::Vertical));
-  if (!model_.HasHeads(Qt::Horizontal)) return;
+  horizontalHeader()->setVisible(model_->HasHeads(Qt::Horizontal));
+  verticalHeader()->setVisible(model_->HasHeads(Qt::Vertical));
+  if (!model_->HasHeads(Qt::Horizontal)) return;
   int tallest = 0;
   for (int col = 0; col < sheet_.Cols(); ++col) {
     tallest = std::max(tallest, fontMetrics().size(0, ToQt(sheet_.TextMatrix(0, col))).height());
   }
   horizontalHeader()->setMinimumHeight(static_cast<int>(std::ceil(tallest * kHeadRoom)));
-  if (model_.HasHeads(Qt::Vertical)) corner_->setText(ToQt(sheet_.TextMatrix(0, 0)));
+  if (model_->HasHeads(Qt::Vertical)) corner_->setText(ToQt(sheet_.TextMatrix(0, 0)));
   const bool named = !corner_->text().isEmpty();
   const int width = corner_->sizeHint().width() + 2 * kCellMargin;
   if (named && verticalHeader()->minimumWidth() < width) verticalHeader()->setMinimumWidth(width);
@@ -94,13 +112,15 @@ void GridView::Refresh() {
 
 void GridView::TakeChanges() {
   if (!std::exchange(waiting_, false)) return;
+  const int colsBefore = model_->columnCount();
   {
     const RaisedFlag showing(showing_);
-    model_.Update();
+    model_->Update();
   }
+  FitColumnsFrom(colsBefore + (model_->HasHeads(Qt::Vertical) ? 1 : 0));
   FitHeads();
-  const CellPlace edited = editor_.Place();
-  if (edited.Row >= sheet_.Rows() || edited.Col >= sheet_.Cols()) editor_.GiveUp();
+  const CellPlace edited = editor_->Place();
+  if (edited.Row >= sheet_.Rows() || edited.Col >= sheet_.Cols()) editor_->GiveUp();
   const bool moved = sheet_.Selected().Row != shown_.Row || sheet_.Selected().Col != shown_.Col;
   ShowSelection();
   if (moved) Reveal({shown_.Row, shown_.Col});
@@ -108,24 +128,18 @@ void GridView::TakeChanges() {
 }
 
 void GridView::SetMark(CellMark mark) {
-  model_.SetMark(std::move(mark));
+  model_->SetMark(std::move(mark));
   viewport()->update();
 }
 
-/// The first column's sample says how wide the heads of the rows are at least.
 void GridView::SetColWidthText(int col, const QString& sample) {
   TakeChanges();
   samples_[col] = sample;
-  const int width = fontMetrics().horizontalAdvance(sample) + 2 * kCellMargin + kRowRoom;
-  if (col == 0 && model_.HasHeads(Qt::Vertical)) {
-    verticalHeader()->setMinimumWidth(width);
-  } else {
-    setColumnWidth(model_.IndexOf({sheet_.FixedRows(), col}).column(), width);
-  }
+  FitColumn(col, sample);
 }
 
 void GridView::SendKeystroke(int key) {
-  QWidget* const target = editor_.IsOpen() ? editor_.Control() : this;
+  QWidget* const target = editor_->IsOpen() ? editor_->Control() : this;
   QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, key, Qt::ControlModifier));
 }
 
@@ -170,9 +184,9 @@ void GridView::ShowSelection() {
   const CellArea area = sheet_.SelectedArea();
   {
     const RaisedFlag showing(showing_);
-    const QItemSelection range(model_.IndexOf({area.Top, area.Left}),
-                               model_.IndexOf({area.Bottom, area.Right}));
-    selectionModel()->setCurrentIndex(model_.IndexOf({shown_.Row, shown_.Col}),
+    const QItemSelection range(model_->IndexOf({area.Top, area.Left}),
+                               model_->IndexOf({area.Bottom, area.Right}));
+    selectionModel()->setCurrentIndex(model_->IndexOf({shown_.Row, shown_.Col}),
                                       QItemSelectionModel::NoUpdate);
     selectionModel()->select(range, QItemSelectionModel::ClearAndSelect);
   }
@@ -194,8 +208,8 @@ void GridView::TakeHeadSelection() {
     for (const QItemSelectionRange& range : ranges) {
       area |= QRect(QPoint(range.left(), range.top()), QPoint(range.right(), range.bottom()));
     }
-    const CellPlace from = model_.PlaceOf(model_.index(area.top(), area.left()));
-    const CellPlace to = model_.PlaceOf(model_.index(area.bottom(), area.right()));
+    const CellPlace from = model_->PlaceOf(model_->index(area.top(), area.left()));
+    const CellPlace to = model_->PlaceOf(model_->index(area.bottom(), area.right()));
     sheet_.Select({from.Row, from.Col, to.Row, to.Col});
   }
   ShowSelection();
@@ -205,7 +219,7 @@ void GridView::TakeHeadSelection() {
 void GridView::Reveal(CellPlace place) {
   const CellArea area = sheet_.SelectedArea();
   const CellArea all = sheet_.AllCells();
-  QModelIndex index = model_.IndexOf(place);
+  QModelIndex index = model_->IndexOf(place);
   if (area.Rows() == all.Rows()) index = index.siblingAtRow(rowAt(0));
   if (area.Cols() == all.Cols()) index = index.siblingAtColumn(columnAt(0));
   if (index.isValid()) scrollTo(index);
@@ -214,13 +228,13 @@ void GridView::Reveal(CellPlace place) {
 void GridView::Edit(EditStart start, const QString& typed) {
   if (sheet_.AllCells().Empty()) return;
   const CellPlace place{shown_.Row, shown_.Col};
-  const QModelIndex index = model_.IndexOf(place);
+  const QModelIndex index = model_->IndexOf(place);
   scrollTo(index);
-  editor_.Open(place, visualRect(index), start, typed);
+  editor_->Open(place, visualRect(index), start, typed);
 }
 
 void GridView::PlaceEditor() {
-  if (editor_.IsOpen()) editor_.MoveTo(visualRect(model_.IndexOf(editor_.Place())));
+  if (editor_->IsOpen()) editor_->MoveTo(visualRect(model_->IndexOf(editor_->Place())));
 }
 
 void GridView::updateGeometries() {
@@ -235,7 +249,7 @@ void GridView::changeEvent(QEvent* event) {
 
 void GridView::hideEvent(QHideEvent* event) {
   QTableView::hideEvent(event);
-  if (!event->spontaneous()) editor_.GiveUp();
+  if (!event->spontaneous()) editor_->GiveUp();
 }
 
 }  // namespace lomaris

@@ -34,7 +34,7 @@ class GridView : public QTableView {
   void SetMark(CellMark mark);
   void SetColWidthText(int col, const QString& sample);
 
-  bool EndEdit() { return editor_.End(); }
+  bool EndEdit() { return editor_->End(); }
   void SendKeystroke(int key);
   void Run(SheetCommand command);
   void Travel(bool undo);
@@ -71,7 +71,10 @@ class GridView : public QTableView {
  private:
   void SetUpHeads();
   void FitToFont();
+  void FitColumnsFrom(int first);
+  void FitColumn(int col, const QString& sample);
   void FitHeads();
+  void AskForMenu();
   void OpenMenuOnHead(Qt::Orientation orientation, const QPoint& place);
 
   void Select(const Selection& selection);
@@ -84,6 +87,8 @@ class GridView : public QTableView {
   void Edit(EditStart start, const QString& typed = {});
   void PlaceEditor();
 
+  void SetUpShortcuts();
+  const std::function<void()>* ShortcutOf(const QKeyEvent& key) const;
   bool RunShortcut(const QKeyEvent& key);
   bool Move(const QKeyEvent& key);
   bool BeginEdit(const QKeyEvent& key);
@@ -97,9 +102,10 @@ class GridView : public QTableView {
   Sheet& sheet_;
   Ui& screen_;
   SheetCommands& commands_;
-  SheetModel model_;
-  CellEditor editor_;
-  QLabel* corner_;                  // over the button where the heads meet
+  SheetModel* model_;
+  CellEditor* editor_;
+  QLabel* corner_;  // over the button where the heads meet
+  std::map<QKeySequence, std::function<void()>> shortcuts_;
   std::map<int, QString> samples_;  // texts that columns are as wide as
   bool waiting_ = false;            // for the next turn of the event loop
   bool showing_ = false;            // the sheet's selection on its way into the view

@@ -123,8 +123,10 @@ QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int ro
 }
 
 Qt::ItemFlags SheetModel::flags(const QModelIndex& index) const {
-  if (!index.isValid() || IsHead(PlaceOf(index))) return Qt::NoItemFlags;
-  return Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  const CellPlace place = PlaceOf(index);
+  if (!index.isValid() || !IsThere(place) || IsHead(place)) return Qt::NoItemFlags;
+  const Qt::ItemFlags cell = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  return sheet_.CanEdit(place.Row, place.Col) ? cell | Qt::ItemIsEditable : cell;
 }
 
 }  // namespace lomaris

@@ -10,7 +10,7 @@ namespace {
 void PutIntoTabOrder(QWidget& widget, const QWidget& page) {
   QWidget* last = &widget;
   for (QWidget* each : page.findChildren<QWidget*>()) {
-    if ((each->focusPolicy() & Qt::TabFocus) == 0) continue;
+    if ((each->focusPolicy() & Qt::TabFocus) == 0 || each->window() != page.window()) continue;
     QWidget::setTabOrder(last, each);
     last = each;
   }
@@ -79,6 +79,7 @@ void Spreadsheet::ShowChart() {
     pages_->addWidget(chart_);
     setTabOrder(grid_, chart_);
     connect(chart_, &SheetChart::ReturnRequested, this, &Spreadsheet::ShowGrid);
+    connect(grid_, &GridView::Refreshed, chart_, &SheetChart::Refresh);
   }
   if (!chart_->ShowArea(sheet_->SelectedArea())) return;
   pages_->setCurrentWidget(chart_);

@@ -12,4 +12,8 @@ inline bool IsTyped(const QKeyEvent& key) {
          key.text().front().isPrint();
 }
 
+inline bool IsEnter(int key) {
+  return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
 }  // namespace lomaris
