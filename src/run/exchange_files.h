@@ -147,6 +147,7 @@ class ModelFile {
 
   explicit ModelFile(std::string path) : file_(std::move(path)) {}
 
+  const std::string& Path() const { return file_.Path(); }
   bool Exists() const { return file_.Exists(); }
   bool IsOpen() const { return file_.IsOpen(); }
 
@@ -186,6 +187,8 @@ class ModelFile {
 class ReplyFile {
  public:
   explicit ReplyFile(std::string path) : file_(std::move(path)) {}
+
+  const std::string& Path() const { return file_.Path(); }
 
   /// Makes the file where it is not there, and says that somebody listens.
   void Open();
