@@ -57,7 +57,7 @@ TEST_F(LibraryWindow, UneditedIsSavedAsItWasRead) {
 }
 
 TEST_F(LibraryWindow, TheDrawingFollowsTheGrid) {
-  const std::string whole = "13 points, 86.30 ft wide, 14.20 ft deep";
+  const std::string whole = "Points: 13; width: 86.30 ft; depth: 14.20 ft";
   const std::string fault = "The station for point number 3 did not increase; please correct.";
   Open(window);
   EXPECT_EQ(Said(), whole);

@@ -141,7 +141,7 @@ void SectionDrawing::ShowText() {
   } else if (points_.empty()) {
     text_->setText("No points");
   } else {
-    text_->setText(QString("%1 points, %2 ft wide, %3 ft deep")
+    text_->setText(QString("Points: %1; width: %2 ft; depth: %3 ft")
                        .arg(points_.size())
                        .arg(Feet(ExtentOf(points_, &XSectPoint::Station).size()),
                             Feet(ExtentOf(points_, &XSectPoint::Depth).size())));
@@ -163,6 +163,7 @@ void SectionDrawing::Fit() {
   }
   plot_->xAxis->setRange(Around(across, width));
   plot_->yAxis->setRange(Around(down, height));
+  for (QCPAxis* axis : {plot_->xAxis, plot_->yAxis}) axis->setTickLabels(!points_.empty());
 }
 
 void SectionDrawing::PickPoint(const QPointF& place) {
