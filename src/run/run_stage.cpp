@@ -43,7 +43,7 @@ bool RunStage::Prepare() {
 }
 
 void RunStage::Open() {
-  if (const auto picture = FindFile(program_.Picture)) view_.ShowSplash(*picture);
+  if (const auto picture = FindFile(program_.Picture)) view_.ShowSplash(AbsolutePath(*picture));
   monitor_ = &view_.LoadMonitor(fmt::format("{} Progress", program_.Name));
 }
 
