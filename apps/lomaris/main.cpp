@@ -2,15 +2,17 @@
 #include <memory>
 
 #include "core/tables.h"
+#include "editors/surroundings.h"
 #include "model/hydro_input.h"
 #include "model/project_data.h"
-#include "model/xsect_library.h"
 #include "windows/core/application.h"
 #include "windows/core/qt_settings.h"
 #include "windows/core/qt_shell.h"
 #include "windows/core/qt_ui.h"
 #include "windows/core/qt_workbench.h"
 #include "windows/core/startup.h"
+#include "windows/editors/frm_hydro.h"
+#include "windows/editors/frm_xsect.h"
 #include "windows/workspace/frm_project.h"
 
 namespace {
@@ -19,9 +21,15 @@ namespace {
 struct SharedRecords {
   lomaris::ProjectData Project;
   lomaris::HydroInput Hydro;
-  lomaris::XSectLibrary Library;
   lomaris::Tables Names;
+  lomaris::EditorSession Session;
 };
+
+void AddEditors(lomaris::QtWorkbench& workbench, const lomaris::EditorSurroundings& around) {
+  using lomaris::Instances;
+  workbench.AddEditor("HNP", Instances::One, [around] { return new lomaris::frmHydro(around); });
+  workbench.AddEditor("XSG", Instances::Many, [around] { return new lomaris::frmXSect(around); });
+}
 
 }  // namespace
 
@@ -33,6 +41,8 @@ int main(int, char** argv) {
   lomaris::QtShell shell;
   SharedRecords records;
   lomaris::QtWorkbench workbench(records.Hydro, records.Project, ui, settings);
+  AddEditors(workbench, {records.Project, records.Hydro, records.Names, records.Session, ui,
+                         settings, workbench});
 
   const auto loadProjectWindow = [&] {
     return std::make_unique<lomaris::frmProject>(records.Project, records.Hydro, records.Names, ui,

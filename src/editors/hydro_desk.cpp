@@ -163,6 +163,7 @@ bool HydroDesk::Write(bool saveAs) {
   if (name.empty() || !TakeAll() || !SaveHNPFile(hydro, project, around_.Screen, name)) {
     return false;
   }
+  const bool otherLibrary = asOpened_.XSGFile != hydro.XSGFile;
   hydro.HydroLoaded = true;
   asOpened_ = hydro;
   const std::string caption = view_.Caption();
@@ -170,6 +171,7 @@ bool HydroDesk::Write(bool saveAs) {
   if (std::exchange(project.HydroFile, name) != name) project.Dirty = true;
   if (own_) ForgetSharedCopy(name);
   around_.Windows.RefreshProjectWindow();
+  if (otherLibrary) LoadLibrary();
   return true;
 }
 

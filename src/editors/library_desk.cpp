@@ -19,6 +19,7 @@ namespace {
 constexpr int kLibraryFilter = 4;
 constexpr int kStationCol = 1;
 constexpr int kDepthCol = 2;
+constexpr std::int32_t kRowsToFill = 20;
 constexpr const char* kPointRange = "0;99999";
 
 /// The name of which each section is known to the networks.
@@ -127,7 +128,7 @@ void LibraryDesk::ShowList() {
   view_.ShowList(names, number_ - 1);
 }
 
-/// There is a row to type in even where there is no point yet.
+/// Where there is no point yet, there are rows to type and to paste into.
 void LibraryDesk::ShowEntry(int number) {
   number_ = number;
   const LibrarySection section = number > 0 ? library_.XSects[number] : LibrarySection();
@@ -135,7 +136,8 @@ void LibraryDesk::ShowEntry(int number) {
   ShowList();
   view_.ShowDescription(section.Description);
   points_.SetRows(points_.FixedRows());
-  points_.SetRows(points_.FixedRows() + Max(section.PointCount, std::int32_t{1}));
+  points_.SetRows(points_.FixedRows() +
+                  (section.PointCount > 0 ? section.PointCount : kRowsToFill));
   for (int i = 1; i <= section.PointCount; ++i) {
     const int row = points_.FixedRows() + i - 1;
     points_.SetTextMatrix(row, kStationCol, NumberText(section.Points[i].Station));
@@ -210,6 +212,10 @@ bool LibraryDesk::Write(bool saveAs) {
   if (saveAs || name.empty()) {
     name = SaveFile(around_.SharedTables.FileFilter[kLibraryFilter], "*.xsg", 0, "Save As",
                     around_.Project.FileName, around_.Screen, around_.Store);
+  }
+  if (name != library_.FileName && around_.Windows.HasWindow(LibraryCaption(name))) {
+    around_.Screen.ShowMessage({.Text = kOpenOnce});
+    return false;
   }
   if (name.empty() || !TakeEntry()) return false;
   TakeTitle(library_, view_.Title());

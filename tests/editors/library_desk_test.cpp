@@ -50,6 +50,10 @@ TEST_F(LibraryDeskTest, UneditedIsSavedAsItWasRead) {
   view.Lines = "One\r\nTwo";
   EXPECT_TRUE(desk.Save(false));
   EXPECT_THAT(folder.Read(kName), testing::StartsWith("One\r\nTwo\r\n\r\n 16 \r\n"));
+  ui.Files = {{folder.Path("b.xsg")}};
+  workbench.Captions = {"Cross Section Library - " + folder.Path("b.xsg")};
+  EXPECT_FALSE(desk.Save(true));
+  EXPECT_EQ(ui.LastMessage(), "You can open a given file only once per session.");
 }
 
 TEST_F(LibraryDeskTest, PointsThatDoNotFollowStopTheStore) {

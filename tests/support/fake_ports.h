@@ -13,6 +13,7 @@ namespace lomaris {
 class FakeWorkbench : public Workbench {
  public:
   std::set<std::string> Editors;
+  std::set<std::string> Captions;  ///< of other windows
   std::vector<EditRequest> Opened;
   std::function<void()> OnFileEdit = [] {};
   int Closed = 0;
@@ -27,6 +28,7 @@ class FakeWorkbench : public Workbench {
     Opened.push_back(request);
     OnFileEdit();
   }
+  bool HasWindow(const std::string& caption) const override { return Captions.contains(caption); }
   bool CloseOtherWindows() override {
     ++Closed;
     OnClose();

@@ -169,7 +169,9 @@ TEST_F(Table, KeysThatTheKindForbidsBeep) {
   EXPECT_EQ(ui.Beeps, 2);
   table->ShowCell(3, kUpper);
   EXPECT_EQ(At(2, kNumber), "42") << "an edit under way ends first";
-  Type("xs1b");
+  Type("xs");
+  QTest::keyPress(text, Qt::Key_Shift);
+  Type("1b");
   EXPECT_EQ(text->text(), "XS1B");
   sheet.SetReadOnlyRow(4, true);
   Press(Qt::Key_Return);

@@ -18,6 +18,9 @@ struct EditRequest {
   bool operator==(const EditRequest&) const = default;
 };
 
+/// What is said of a file that a window has open already.
+inline constexpr const char* kOpenOnce = "You can open a given file only once per session.";
+
 /// What the ground floor asks of the set of open windows.
 class Workbench {
  public:
@@ -28,6 +31,9 @@ class Workbench {
 
   /// Opens a file in its editor, and returns when it is on the screen or was refused.
   virtual void FileEdit(const EditRequest& request) = 0;
+
+  /// Whether an open window has this caption: its file is being edited.
+  virtual bool HasWindow(const std::string& caption) const = 0;
 
   /// Closes every window but the project window. False: one of them stayed open.
   virtual bool CloseOtherWindows() = 0;

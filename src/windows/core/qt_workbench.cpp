@@ -7,6 +7,7 @@
 #include "core/error_report.h"
 #include "core/window_position.h"
 #include "model/unsaved_network.h"
+#include "windows/core/qt_text.h"
 #include "windows/core/window_placement.h"
 #include "workspace/file_edit.h"
 
@@ -21,6 +22,12 @@ QList<QPointer<QWidget>> OpenWindows() {
     if (window->isVisible() && (type == Qt::Window || type == Qt::Dialog)) windows << window;
   }
   return windows;
+}
+
+std::ptrdiff_t WindowsTitled(const QString& caption) {
+  return std::ranges::count_if(OpenWindows(), [&](const QPointer<QWidget>& window) {
+    return window->windowTitle() == caption;
+  });
 }
 
 QList<QPointer<EditorWindow>> OpenEditors() {
@@ -101,6 +108,10 @@ void QtWorkbench::StoreOnClosing(EditorWindow& window, const std::string& kind) 
   });
 }
 
+bool QtWorkbench::HasWindow(const std::string& caption) const {
+  return WindowsTitled(ToQt(caption)) > 0;
+}
+
 bool QtWorkbench::CloseOtherWindows() {
   const QString spared = projectWindow_ ? projectWindow_->windowTitle() : QString();
   for (const QPointer<QWidget>& window : OpenWindows()) {
@@ -137,11 +148,8 @@ void QtWorkbench::LibrarySaved(const std::string& fileName) {
 }
 
 bool FileAlreadyOpen(const QString& caption, Ui& ui) {
-  const auto hasCaption = [&](const QPointer<QWidget>& window) {
-    return window->windowTitle() == caption;
-  };
-  if (std::ranges::count_if(OpenWindows(), hasCaption) <= 1) return false;
-  ui.ShowMessage({.Text = "You can open a given file only once per session."});
+  if (WindowsTitled(caption) <= 1) return false;
+  ui.ShowMessage({.Text = kOpenOnce});
   return true;
 }
 

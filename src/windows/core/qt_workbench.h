@@ -37,6 +37,7 @@ class QtWorkbench : public Workbench {
 
   void FileEdit(const EditRequest& request) override;
 
+  bool HasWindow(const std::string& caption) const override;
   bool CloseOtherWindows() override;
   void RefreshProjectWindow() override;
 

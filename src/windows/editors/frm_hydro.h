@@ -90,7 +90,6 @@ class frmHydro : public EditorWindow, private HydroView {
   void ConnectMenus();
   void ConnectPopup();
   void ShowPopup(QToolButton* button, bool isUpstream);
-  void SendKeystroke(int key);
   void ShowPicture(bool visible);
 
   std::array<Spreadsheet*, 3> Grids() const;

@@ -1,7 +1,5 @@
 // The menus, tool bar and buttons of the hydrodynamic editor.
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QWhatsThis>
 
 #include "windows/core/help_window.h"
@@ -54,11 +52,11 @@ void frmHydro::ConnectMenus() {
   });
   offer(ui_->mnuFileClose, [this] { close(); });
   // These two only show their keys: who has the focus takes them on its own.
-  offer(ui_->mnuEditUndo, [this] { SendKeystroke(Qt::Key_Z); });
-  offer(ui_->mnuEditRedo, [this] { SendKeystroke(Qt::Key_Y); });
-  offer(ui_->mnuEditCut, [this] { SendKeystroke(Qt::Key_X); });
-  offer(ui_->mnuEditCopy, [this] { SendKeystroke(Qt::Key_C); });
-  offer(ui_->mnuEditPaste, [this] { SendKeystroke(Qt::Key_V); });
+  offer(ui_->mnuEditUndo, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_Z); });
+  offer(ui_->mnuEditRedo, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_Y); });
+  offer(ui_->mnuEditCut, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_X); });
+  offer(ui_->mnuEditCopy, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_C); });
+  offer(ui_->mnuEditPaste, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_V); });
   offer(ui_->mnuEditAddBranch, [this] { WithBranch(&HydroDesk::AddBranch); });
   offer(ui_->mnuEditDeleteBranch, [this] { WithBranch(&HydroDesk::DeleteBranch); });
   offer(ui_->mnuEditRenameBranch, [this] { desk_.RenameBranch(); });
@@ -105,15 +103,4 @@ void frmHydro::ShowPopup(QToolButton* button, bool isUpstream) {
 }
 
 /// To the control with the focus, as if typed there; a grid has ways of its own with them.
-void frmHydro::SendKeystroke(int key) {
-  QWidget* target = QApplication::focusWidget();
-  if (target == nullptr || !isAncestorOf(target)) return;
-  for (Spreadsheet* grid : Grids()) {
-    if (grid == target || grid->isAncestorOf(target)) return grid->SendKeystroke(key);
-  }
-  QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
-  // To the control alone: the application would take the keys for the menu's shortcut again.
-  static_cast<QObject*>(target)->event(&press);
-}
-
 }  // namespace lomaris

@@ -1,7 +1,5 @@
 #include "windows/editors/frm_xsect.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QWhatsThis>
@@ -84,11 +82,11 @@ void frmXSect::ConnectMenus() {
     if (Save(false)) close();
   });
   offer(ui_->mnuFileClose, [this] { close(); });
-  offer(ui_->mnuEditUndo, [this] { SendKeystroke(Qt::Key_Z); });
-  offer(ui_->mnuEditRedo, [this] { SendKeystroke(Qt::Key_Y); });
-  offer(ui_->mnuEditCut, [this] { SendKeystroke(Qt::Key_X); });
-  offer(ui_->mnuEditCopy, [this] { SendKeystroke(Qt::Key_C); });
-  offer(ui_->mnuEditPaste, [this] { SendKeystroke(Qt::Key_V); });
+  offer(ui_->mnuEditUndo, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_Z); });
+  offer(ui_->mnuEditRedo, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_Y); });
+  offer(ui_->mnuEditCut, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_X); });
+  offer(ui_->mnuEditCopy, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_C); });
+  offer(ui_->mnuEditPaste, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_V); });
   Offer(ui_->mnuEditAdd, &LibraryDesk::Add);
   Offer(ui_->mnuEditDelete, &LibraryDesk::Delete);
   Offer(ui_->mnuEditRename, &LibraryDesk::Rename);
@@ -130,7 +128,8 @@ void frmXSect::ConnectGrid() {
 
 void frmXSect::Initialize(const EditRequest& request) {
   SetCaption(LibraryCaption(request.FileName));
-  if (FileAlreadyOpen(windowTitle(), around_.Screen) || !desk_.Open(request.FileName)) {
+  const bool isNew = request.FileName.empty();  // of these there may be several
+  if ((!isNew && FileAlreadyOpen(windowTitle(), around_.Screen)) || !desk_.Open(request.FileName)) {
     close();
     return;
   }
@@ -235,18 +234,6 @@ void frmXSect::ShowDrawing(bool visible) {
   ui_->picXSect->setVisible(visible);
   ui_->mnuViewSameScale->setEnabled(visible);
   around_.Store.SetValue(kSection, kShowDrawing, visible ? "1" : "0");
-}
-
-void frmXSect::SendKeystroke(int key) {
-  QWidget* target = QApplication::focusWidget();
-  if (target == nullptr) return;
-  if (ui_->ssXSect->isAncestorOf(target)) {
-    ui_->ssXSect->SendKeystroke(key);
-    return;
-  }
-  QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
-  // To the control alone: the application would take the keys for the menu's shortcut again.
-  static_cast<QObject*>(target)->event(&press);
 }
 
 }  // namespace lomaris

@@ -49,7 +49,6 @@ class frmXSect : public EditorWindow, private LibraryView {
   void FollowGrid();
   void FollowRow();
   void ShowDrawing(bool visible);
-  void SendKeystroke(int key);
 
   EditorSurroundings around_;
   std::unique_ptr<::Ui::frmXSect> ui_;

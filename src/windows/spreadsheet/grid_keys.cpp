@@ -76,6 +76,9 @@ bool GridView::event(QEvent* event) {
 
 void GridView::keyPressEvent(QKeyEvent* event) {
   TakeChanges();
+  // What a cell's editor leaves over, a Shift key on its own for one, does not end its edit.
+  const bool leftOver = editor_->IsOpen() && !hasFocus() && ShortcutOf(*event) == nullptr;
+  if (leftOver) return event->ignore();
   event->setAccepted(!EndEdit() || RunShortcut(*event) || Move(*event) || BeginEdit(*event));
 }
 

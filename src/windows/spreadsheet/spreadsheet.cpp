@@ -1,7 +1,10 @@
 #include "windows/spreadsheet/spreadsheet.h"
 
+#include <QApplication>
 #include <QPointer>
 #include <QVBoxLayout>
+
+#include "windows/core/keystroke.h"
 
 namespace lomaris {
 namespace {
@@ -103,6 +106,15 @@ bool Spreadsheet::EndEdit() {
 
 void Spreadsheet::SendKeystroke(int key) {
   if (grid_->isVisible()) grid_->SendKeystroke(key);
+}
+
+void Spreadsheet::SendToFocus(const QWidget& window, int key) {
+  QWidget* const focus = QApplication::focusWidget();
+  if (focus == nullptr || !window.isAncestorOf(focus)) return;
+  for (QWidget* each = focus; each != &window; each = each->parentWidget()) {
+    if (auto* table = qobject_cast<Spreadsheet*>(each)) return table->SendKeystroke(key);
+  }
+  lomaris::SendKeystroke(*focus, key);
 }
 
 void Spreadsheet::SetMark(std::function<QString(int, int)> mark) {

@@ -46,6 +46,9 @@ class Spreadsheet : public QWidget {
   /// cell's editor while one is open.
   void SendKeystroke(int key);
 
+  /// The same for whichever control of a window has the focus, a table or not.
+  static void SendToFocus(const QWidget& window, int key);
+
   /// What is wrong with a cell, for a mark and its tool tip; empty: nothing. Asked while painting.
   void SetMark(std::function<QString(int row, int col)> mark);
 

@@ -3,7 +3,6 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QComboBox>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QToolBar>
@@ -17,6 +16,7 @@
 #include "core/program.h"
 #include "model/file_names.h"
 #include "windows/core/help_window.h"
+#include "windows/core/keystroke.h"
 #include "windows/core/qt_text.h"
 #include "windows/core/themed_icon.h"
 #include "windows/workspace/frm_project.h"
@@ -236,9 +236,7 @@ void frmProject::ShowOpenPopup(std::size_t slot) {
 void frmProject::SendKeystroke(int key) {
   QWidget* target = QApplication::focusWidget();
   if (target == nullptr || ui_->SSTabMain->currentWidget() != ui_->tabFiles) return;
-  QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
-  // To the control alone: the application would take the keys for the menu's shortcut again.
-  static_cast<QObject*>(target)->event(&press);
+  lomaris::SendKeystroke(*target, key);
 }
 
 void frmProject::ShowAbout() {
