@@ -77,27 +77,35 @@ void RunDesk::Choose(int index) {
   }
   if (!SaveFirst()) return;
   const KeptDirectory users;
+  const std::string projectFile = ProjectFile();  // before names count from another directory
+  std::vector<ProgramCall> calls = MoveToPrograms(index);
+  if (calls.empty()) return;
+  view_.SaveForm();
+  if (index > kRunBoth) {
+    LaunchOther(calls.front());  // perhaps while a model runs, whose calls stay
+    return;
+  }
+  calls_ = std::move(calls);
+  projectFile_ = projectFile;
+  PrepareModels(index);
+}
+
+/// The programs of a menu item, with the current directory where the first of them lies; none when
+/// that cannot be, which has been told.
+std::vector<ProgramCall> RunDesk::MoveToPrograms(int index) {
   const std::string command = CommandFor(index, around_.Store);
-  projectFile_ = ProjectFile();  // before names count from another directory
   if (!MovedTo(around_.ProgramFolder)) {
     throw RuntimeError(ErrorNumber::PathNotFound, around_.ProgramFolder);
   }
   // A drive letter in the command means nothing here: this platform has one tree of directories.
   if (EndOfProgram(command) == 0) {
     around_.Screen.ShowMessage({.Text = "Invalid filename: " + command});
-    return;
+    return {};
   }
-  calls_ = CallsOf(command, index);
-  if (!MovedTo(calls_.front().Directory)) {
-    TellUnable(calls_.front().Text);
-    return;
-  }
-  view_.SaveForm();
-  if (index > kRunBoth) {
-    LaunchOther(calls_.front());
-  } else {
-    PrepareModels(index);
-  }
+  std::vector<ProgramCall> calls = CallsOf(command, index);
+  if (MovedTo(calls.front().Directory)) return calls;
+  TellUnable(calls.front().Text);
+  return {};
 }
 
 void RunDesk::TellUnable(const std::string& command) {

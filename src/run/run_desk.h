@@ -44,6 +44,7 @@ class RunDesk {
   bool SaveFirst();
   std::string ProjectFile() const;
   void Choose(int index);
+  std::vector<ProgramCall> MoveToPrograms(int index);
   void LaunchOther(const ProgramCall& call);
   void PrepareModels(int index);
   void TellUnable(const std::string& command);
@@ -58,7 +59,7 @@ class RunDesk {
 
   RunSurroundings around_;
   RunView& view_;
-  std::vector<ProgramCall> calls_;  ///< of the menu item chosen last
+  std::vector<ProgramCall> calls_;  ///< of the models chosen last
   std::string projectFile_;         ///< full path, of the same moment
   HydroInput hydro_;                ///< the run's own copy of the network
   ProgressState state_;

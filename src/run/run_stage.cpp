@@ -59,7 +59,7 @@ void RunStage::Run(const ProgramCall& call, const std::string& tail) {
     return state_.ResultsReady ? monitor_->Interval() : 0;
   });
   timer.Start(kFirstInterval);
-  result_ = RunAndWait({.Program = call.Program,
+  result_ = RunAndWait({.Program = FindFile(call.Program).value_or(call.Program),
                         .Arguments = call.Arguments + " " + tail,
                         .Directory = call.Directory,
                         .LogFile = InCurrentDirectory(LogName()),

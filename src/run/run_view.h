@@ -8,6 +8,7 @@
 #include "core/ports/ui.h"
 #include "model/project_data.h"
 #include "run/monitor_view.h"
+#include "run/programs.h"
 
 namespace lomaris {
 
@@ -21,7 +22,7 @@ struct RunSurroundings {
   std::string ProgramFolder;  ///< where this program lies, and the model programs beside it
 };
 
-enum class OptionsWindow { Hydro, Qual, Both };
+enum class OptionsWindow { Hydro = kRunHydro, Qual = kRunQual, Both = kRunBoth };
 
 /// What the logic of a run asks of the project window and of the options windows.
 class RunView {

@@ -14,8 +14,8 @@ using testing::IsEmpty;
 TEST_F(DeskOfRuns, RunsOneModelAndCleansUpBehindIt) {
   desk.RunItem(kRunHydro);
   EXPECT_EQ(control, folder.Path("a/x.prj") + "\r\n");
-  EXPECT_THAT(log, ElementsAre("SaveForm", "options", picture, "TavreskH Progress", "Close",
-                               "unload options"));
+  EXPECT_THAT(log, ElementsAre("SaveForm", "options", "SaveForm", picture, "TavreskH Progress",
+                               "Close", "unload options"));
   const StartRequest& request = processes.Started.at(0);
   EXPECT_EQ(request.Program, folder.Path("bin/TavreskH.exe"));
   EXPECT_EQ(request.Arguments, "  -LY -FR -S1 -IY -MY -EY -OY -BY");
@@ -65,10 +65,11 @@ TEST_F(DeskOfRuns, TellsHonestlyHowAProgramEnded) {
 
 TEST_F(DeskOfRuns, RunsBothInTurnUnlessTheFirstAborts) {
   desk.RunItem(kRunBoth);
-  EXPECT_THAT(
-      log, ElementsAre("SaveForm", "options", "unload monitor", picture, "TavreskH Progress",
-                       "Close", "unload monitor", "TavreskQ Progress", "Close", "unload options"));
+  EXPECT_THAT(log, ElementsAre("SaveForm", "options", "unload monitor", "SaveForm", picture,
+                               "TavreskH Progress", "Close", "unload monitor", "TavreskQ Progress",
+                               "Close", "unload options"));
   EXPECT_EQ(processes.Started.at(0).Arguments, "  -LY -FR -IY -MY -EY -OY -BY");
+  EXPECT_EQ(processes.Started.at(1).Program, folder.Path("bin/tavreskq.EXE"));
   EXPECT_EQ(processes.Started.at(1).Arguments, "  -PN -SU -TW -MY -EY -OY -BY");
   EXPECT_THAT(monitor.Messages, ElementsAre("TavreskH and Q have completed execution, taking a "
                                             "total of 0 seconds to run."));
