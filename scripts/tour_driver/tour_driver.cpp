@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QStyleFactory>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTest>
 #include <QToolButton>
 #include <cstdio>
@@ -21,6 +22,9 @@
 #include "windows/core/qt_ui.h"
 #include "windows/core/qt_workbench.h"
 #include "windows/core/whats_this.h"
+#include "windows/editors/frm_hydro.h"
+#include "windows/editors/frm_xsect.h"
+#include "windows/spreadsheet/spreadsheet.h"
 #include "windows/workspace/frm_project.h"
 
 namespace {
@@ -35,7 +39,7 @@ class Album {
   explicit Album(const QString& folder) : folder_(folder) {}
 
   void Keep(QWidget* widget, const QString& name) {
-    QTest::qWait(50);
+    QTest::qWait(150);  // what a short timer shows as well
     const QString path = folder_.filePath(name + ".png");
     if (widget != nullptr && widget->grab().save(path)) {
       std::printf("%s\n", qPrintable(path));
@@ -67,11 +71,15 @@ QPalette DarkPalette() {
   return dark;
 }
 
-QWidget* HelpWindow() {
+QWidget* WindowNamed(const char* name) {
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == "frmHelp") return window;
+    if (window->objectName() == name) return window;
   }
   return nullptr;
+}
+
+QWidget* HelpWindow() {
+  return WindowNamed("frmHelp");
 }
 
 void ShowTheProject(frmProject& window, Album& album) {
@@ -101,6 +109,55 @@ void ShowTheList(Album& album) {
   album.Keep(&list, "select");
 }
 
+void TurnTo(QWidget& window, const char* tabs, int page) {
+  window.findChild<QTabWidget*>(tabs)->setCurrentIndex(page);
+}
+
+/// The cross sections of the first branch, and the chart of their bed.
+void ShowTheBranch(QWidget& window, Album& album) {
+  TurnTo(window, "SSTabMainH", 2);
+  auto* xsects = window.findChild<Spreadsheet*>("ssXSect");
+  xsects->ShowCell(4, 3);
+  album.Keep(&window, "hydro_branch");
+  auto* view = xsects->findChild<QTableView*>();
+  xsects->ShowCell(1, 8);
+  view->setFocus();
+  QTest::keyClick(view, Qt::Key_Space, Qt::ControlModifier);
+  album.Keep(&window, "grid_column");
+  xsects->findChild<QMenu*>("mnuEdit")->findChild<QAction*>("mnuEditItem13")->trigger();
+  album.Keep(&window, "grid_chart");
+}
+
+QWidget* ShowTheNetwork(QtWorkbench& workbench, Album& album) {
+  workbench.FileEdit({.FileName = "corvane_river.hnp"});
+  QWidget* window = WindowNamed("frmHydro");
+  window->resize(kWindowSize);
+  album.Keep(window, "hydro_run");
+  ShowTheBranch(*window, album);
+  TurnTo(*window, "SSTabBranchH", 2);
+  album.Keep(window, "hydro_downstream");
+  TurnTo(*window, "SSTabBranchH", 0);
+  return window;
+}
+
+QWidget* ShowTheLibrary(QtWorkbench& workbench, Album& album) {
+  workbench.FileEdit({.FileName = "corvane_shapes.xsg"});
+  QWidget* window = WindowNamed("frmXSect");
+  window->resize(kWindowSize);
+  album.Keep(window, "library");
+  return window;
+}
+
+void ShowInTheDark(QWidget& project, QWidget& network, QWidget& library, Album& album) {
+  QApplication::setPalette(DarkPalette());
+  album.Keep(&project, "project_dark");
+  album.Keep(HelpWindow(), "help_dark");
+  album.Keep(&network, "grid_chart_dark");
+  TurnTo(network, "SSTabMainH", 0);
+  album.Keep(&network, "hydro_run_dark");
+  album.Keep(&library, "library_dark");
+}
+
 void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
   QtSettings settings;
   QtShell shell;
@@ -108,6 +165,10 @@ void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
   HydroInput hydro;
   QtWorkbench workbench(hydro, data, ui, settings);
   const Tables tables = InitTables(ui);
+  EditorSession session;
+  const EditorSurroundings around{data, hydro, tables, session, ui, settings, workbench};
+  workbench.AddEditor("HNP", Instances::One, [around] { return new frmHydro(around); });
+  workbench.AddEditor("XSG", Instances::Many, [around] { return new frmXSect(around); });
 
   auto* splash = new frmSplash;  // deletes itself when it is closed
   splash->show();
@@ -125,10 +186,11 @@ void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
   ShowHelpContents(1, settings);
   album.Keep(HelpWindow(), "help");
 
-  QApplication::setPalette(DarkPalette());
-  album.Keep(&window, "project_dark");
-  album.Keep(HelpWindow(), "help_dark");
+  QWidget* network = ShowTheNetwork(workbench, album);
+  QWidget* library = ShowTheLibrary(workbench, album);
+  ShowInTheDark(window, *network, *library, album);
   HelpWindow()->close();
+  workbench.CloseOtherWindows();
 }
 
 }  // namespace

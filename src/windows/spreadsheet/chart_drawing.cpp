@@ -37,6 +37,8 @@ ChartDrawing::ChartDrawing(Plot& plot) : plot_(plot), pie_(*new Pie(plot)) {
   plot_.plotLayout()->addElement(0, 1, side);
   plot_.plotLayout()->setColumnStretchFactor(1, 0.001);
   plot_.axisRect()->insetLayout()->take(plot_.legend);
+  side->setAutoMargins(QCP::msNone);
+  side->setMargins({0, 8, 8, 8});  // its frame stands free of the edge
   side->addElement(0, 0, plot_.legend);
   side->addElement(1, 0, new QCPLayoutElement(&plot_));
   side->setRowStretchFactor(0, 0.001);
