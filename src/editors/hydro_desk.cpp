@@ -45,7 +45,10 @@ void HydroDesk::SetUpGrids() {
   SetUpSteps(results_, kPrintStepTable, around_.Screen);
   SetUpXSects(xsects_, around_.Screen);
   for (Sheet* sheet : {&timeSteps_, &results_, &xsects_}) {
-    sheet->Events.Change = [this] { Edited(); };
+    sheet->Events.Change = [this, sheet] {
+      KeepEmptyRow(*sheet);
+      Edited();
+    };
   }
 }
 

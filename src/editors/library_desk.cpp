@@ -100,7 +100,10 @@ void LibraryDesk::SetUpGrid() {
   for (const int col : {kStationCol, kDepthCol}) {
     points_.SetColFormat(col, {FormatKind::Number, kPointRange});
   }
-  points_.Events.Change = [this] { Edited(); };
+  points_.Events.Change = [this] {
+    KeepEmptyRow(points_);
+    Edited();
+  };
 }
 
 void LibraryDesk::Edited() {

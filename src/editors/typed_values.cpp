@@ -32,4 +32,8 @@ int FilledRows(const Sheet& sheet) {
   return 0;
 }
 
+void KeepEmptyRow(Sheet& sheet) {
+  if (FilledRows(sheet) == sheet.Rows() - sheet.FixedRows()) sheet.SetRows(sheet.Rows() + 1);
+}
+
 }  // namespace lomaris

@@ -127,7 +127,7 @@ TEST_F(HydroDeskTest, WhatIsWrongInAGridStopsTheSave) {
 
 TEST_F(HydroDeskTest, RowEventsAskAndRefuse) {
   EXPECT_TRUE(desk.TimeSteps().DeleteLines(Axis::Rows, 3, 1) && ui.Messages.empty());
-  EXPECT_FALSE(desk.TimeSteps().DeleteLines(Axis::Rows, 2, 1));
+  EXPECT_FALSE(desk.TimeSteps().DeleteLines(Axis::Rows, 2, 2));
   EXPECT_EQ(ui.LastMessage(), "You must have at least two time step entries.");
   EXPECT_FALSE(desk.Results().DeleteLines(Axis::Rows, 1, 2));
   EXPECT_EQ(ui.LastMessage(), "You must have at least two print step entries.");
@@ -284,6 +284,15 @@ TEST_F(HydroDeskTest, FollowsTheLibrary) {
   EXPECT_TRUE(desk.UnknownLookups().empty());
   desk.LibrarySaved(folder.Path("corvane_shapes.xsg"));
   EXPECT_EQ(desk.UnknownLookups().size(), 19u);
+}
+
+TEST_F(HydroDeskTest, AnEmptyRowStandsReady) {
+  Sheet& sheet = desk.XSects();
+  const int rows = sheet.Rows();
+  EXPECT_TRUE(sheet.EndEdit(rows - 1, kXSectNameCol, "CR 9") && sheet.Rows() == rows + 1);
+  EXPECT_TRUE(sheet.Undo() && sheet.Rows() == rows && ui.Messages.empty());
+  EXPECT_TRUE(sheet.Redo() && sheet.Rows() == rows + 1);
+  EXPECT_EQ(sheet.TextMatrix(rows, 0), std::to_string(rows));
 }
 
 TEST_F(HydroDeskTest, BoundaryFilesGoToTheProjectAndToTheirEditor) {
