@@ -19,7 +19,6 @@ constexpr std::chrono::sys_days kDayZero =
 constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
 constexpr std::int64_t kSecondsPerDay = 86400;
-constexpr std::string_view kFileMask = "mm/dd/yyyy Hh:Nn";
 
 /// Reads a date text from its start; each step says whether it found what it looks for.
 class DateCursor {
@@ -114,6 +113,29 @@ RuntimeError NotADate(ModelDateTime dateTime) {
   return RuntimeError(ErrorNumber::Overflow, fmt::format("{} is not a date", dateTime));
 }
 
+/// A date-time in the units of the calendar and the clock, to the nearest second.
+struct Moment {
+  int Year;
+  unsigned Month;
+  unsigned Day;
+  std::int64_t Hour;
+  std::int64_t Minute;
+};
+
+/// Error 6 outside the years 100 to 9999.
+Moment MomentOf(ModelDateTime dateTime) {
+  if (!(std::abs(dateTime) < 4e6)) throw NotADate(dateTime);
+  const auto seconds = static_cast<std::int64_t>(std::nearbyint(dateTime * kSecondsPerDay));
+  const auto moment = kDayZero + std::chrono::seconds(seconds);
+  const auto dayStart = std::chrono::floor<std::chrono::days>(moment);
+  const std::chrono::year_month_day date(dayStart);
+  const auto year = static_cast<int>(date.year());
+  if (year < kFirstYear || year > kLastYear) throw NotADate(dateTime);
+  const std::chrono::hh_mm_ss time(moment - dayStart);
+  return {year, static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+          time.hours().count(), time.minutes().count()};
+}
+
 /// Characters of the mask that make one field at its start: a run of one letter, at most four.
 std::size_t FieldLength(std::string_view mask) {
   const std::string letter = LowerCase(mask.substr(0, 1));
@@ -132,10 +154,6 @@ std::string TwoDigits(float number) {
   return whole < 0 ? std::to_string(whole) : fmt::format("{:02}", whole);
 }
 
-std::int16_t FieldOf(const std::string& text, std::size_t start, std::size_t length) {
-  return ToInteger(std::string_view(text).substr(start, length));
-}
-
 /// A whole day that hour 24 puts on top; an hour beyond it is told of and set to 0.
 double TakeDayFromHour(float& hour, Ui& ui) {
   if (hour == 24) {
@@ -152,20 +170,30 @@ double TakeDayFromHour(float& hour, Ui& ui) {
   return 0;
 }
 
+/// Nothing when the fields make no date. A year of fewer than three digits is none either: it would
+/// have to be guessed at.
+std::optional<ModelDateTime> Composed(int year, int month, int day, float wholeHours,
+                                      float minutes) {
+  if (!(wholeHours >= 0 && wholeHours < 24 && minutes < 60)) return std::nullopt;
+  const std::optional<ModelDateTime> date = DateSerial(year, month, day);
+  if (!date) return std::nullopt;
+  return *date + static_cast<double>(wholeHours * 3600 + minutes * 60) / kSecondsPerDay;
+}
+
 void Compose(int year, int month, int day, float& hour, ModelDateTime& dateTime, Ui& ui) {
   const double extraDay = TakeDayFromHour(hour, ui);
   const float wholeHours = std::floor(hour);
   const float minutes = std::nearbyint((hour - wholeHours) * 60);
-  const std::string text =
-      fmt::format("{}/{}/{} {}:{}", month, day, year, TwoDigits(wholeHours), TwoDigits(minutes));
-  // A year of fewer than three digits would be guessed at by the date text: it is refused.
-  const std::optional<ModelDateTime> parsed = year >= kFirstYear ? ParseDate(text) : std::nullopt;
-  if (!parsed) {
-    ui.ShowMessage({.Text = "Unable to interpret date passed to ConvertDateTime routine: " + text,
-                    .Title = "Error"});
+  const std::optional<ModelDateTime> date = Composed(year, month, day, wholeHours, minutes);
+  if (!date) {
+    ui.ShowMessage(
+        {.Text = fmt::format("Unable to interpret date passed to ConvertDateTime routine: "
+                             "{}/{}/{} {}:{}",
+                             month, day, year, TwoDigits(wholeHours), TwoDigits(minutes)),
+         .Title = "Error"});
     return;
   }
-  dateTime = *parsed + extraDay;
+  dateTime = *date + extraDay;
 }
 
 }  // namespace
@@ -207,32 +235,23 @@ std::optional<ModelDateTime> ParseDate(std::string_view text) {
 }
 
 std::string FormatDate(ModelDateTime dateTime, std::string_view mask) {
-  if (!(std::abs(dateTime) < 4e6)) throw NotADate(dateTime);
-  const auto seconds = static_cast<std::int64_t>(std::nearbyint(dateTime * kSecondsPerDay));
-  const auto moment = kDayZero + std::chrono::seconds(seconds);
-  const auto dayStart = std::chrono::floor<std::chrono::days>(moment);
-  const std::chrono::year_month_day date(dayStart);
-  const auto year = static_cast<int>(date.year());
-  if (year < kFirstYear || year > kLastYear) throw NotADate(dateTime);
-  const std::chrono::hh_mm_ss time(moment - dayStart);
-  const auto minutes = time.minutes().count();
-
+  const Moment moment = MomentOf(dateTime);
   std::string out;
   for (bool behindHour = false; !mask.empty();) {
     const std::size_t length = FieldLength(mask);
     const std::string field = LowerCase(mask.substr(0, length));
     if (field == "yyyy") {
-      out += fmt::format("{:04}", year);
+      out += fmt::format("{:04}", moment.Year);
     } else if (field == "yy") {
-      out += fmt::format("{:02}", year % 100);
+      out += fmt::format("{:02}", moment.Year % 100);
     } else if (field == "mm" && !behindHour) {
-      out += fmt::format("{:02}", static_cast<unsigned>(date.month()));
+      out += fmt::format("{:02}", moment.Month);
     } else if (field == "dd") {
-      out += fmt::format("{:02}", static_cast<unsigned>(date.day()));
+      out += fmt::format("{:02}", moment.Day);
     } else if (field == "hh") {
-      out += fmt::format("{:02}", time.hours().count());
+      out += fmt::format("{:02}", moment.Hour);
     } else if (field == "nn" || field == "mm") {
-      out += fmt::format("{:02}", minutes);
+      out += fmt::format("{:02}", moment.Minute);
     } else {
       out += mask.substr(0, length);
     }
@@ -250,11 +269,12 @@ void ConvertDateTime(std::int16_t& year, std::int16_t& month, std::int16_t& day,
       Compose(year, month, day, hour, dateTime, ui);
       return;
     }
-    const std::string text = FormatDate(dateTime, kFileMask);
-    month = FieldOf(text, 0, 2);
-    day = FieldOf(text, 3, 2);
-    year = FieldOf(text, 6, 4);
-    hour = static_cast<float>(FieldOf(text, 11, 2) + FieldOf(text, 14, 2) / 60.0);
+    const Moment moment = MomentOf(dateTime);
+    year = static_cast<std::int16_t>(moment.Year);
+    month = static_cast<std::int16_t>(moment.Month);
+    day = static_cast<std::int16_t>(moment.Day);
+    hour = static_cast<float>(static_cast<double>(moment.Hour) +
+                              static_cast<double>(moment.Minute) / 60.0);
   });
 }
 

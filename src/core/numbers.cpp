@@ -226,12 +226,6 @@ void AppendNumber(std::string& out, std::int64_t value) {
   out.append(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
 }
 
-std::string PrintedNumber(std::int64_t value) {
-  std::string text(value < 0 ? "" : " ");
-  AppendNumber(text, value);
-  return text + " ";
-}
-
 void AppendTwoDecimals(std::string& out, float value) {
   if (!std::isfinite(value)) throw RuntimeError(ErrorNumber::Overflow, "not a finite number");
   std::array<char, 64> buffer;

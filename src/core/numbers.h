@@ -65,9 +65,19 @@ std::string NumberText(T value) {
   return text;
 }
 
-/// A number printed alone on its line: a blank behind it, and one before it where a minus sign
-/// would stand.
-std::string PrintedNumber(std::int64_t value);
+/// A printed number, as those are that stand alone on their line: a blank behind it, and one before
+/// it where a minus sign would stand.
+template <class T>
+void AppendPrinted(std::string& out, T value) {
+  if (!(value < 0)) out += ' ';
+  AppendNumber(out, value);
+  out += ' ';
+}
+inline std::string PrintedNumber(std::int64_t value) {
+  std::string text;
+  AppendPrinted(text, value);
+  return text;
+}
 
 /// With exactly two decimals, and a zero before the point. Error 6 for no finite number.
 void AppendTwoDecimals(std::string& out, float value);

@@ -9,16 +9,9 @@
 #include "core/files.h"
 
 namespace lomaris {
-namespace {
 
-bool IsBlank(char c) {
-  return c == ' ' || c == '\t';
-}
-
-}  // namespace
-
-ReaderState::ReaderState(Ui& ui, const std::string& path)
-    : FileName(path), ui_(ui), text_(TextFromFile(ReadWholeFile(path))) {}
+ReaderState::ReaderState(Ui& ui, const std::string& path, FieldFailure onFailure)
+    : FileName(path), ui_(ui), onFailure_(onFailure), text_(TextFromFile(ReadWholeFile(path))) {}
 
 void ReaderState::NextLine() {
   std::size_t end = text_.find('\n', place_);
@@ -47,8 +40,7 @@ std::int32_t ReaderState::Plausible(std::int32_t count, std::size_t shortest) co
     throw RuntimeError(ErrorNumber::SubscriptOutOfRange,
                        fmt::format("{} is not a possible count", count));
   }
-  const std::size_t rest = AtEnd() ? 0 : text_.size() - place_;
-  if (static_cast<std::size_t>(count) > rest / shortest + 1) {
+  if (static_cast<std::size_t>(count) > BytesLeft() / shortest + 1) {
     throw RuntimeError(ErrorNumber::InputPastEnd,
                        fmt::format("the file is too short to hold {} of them", count));
   }

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <type_traits>
 
 #include "core/numbers.h"
@@ -14,12 +18,18 @@
 
 namespace lomaris {
 
+/// What becomes of a field that cannot be converted.
+enum class FieldFailure {
+  Asked,   ///< the user is asked whether to leave the line, try again or go on
+  Thrown,  ///< the failure is the reader's
+};
+
 /// The open file of a reader: its whole content in memory, and a cursor that goes from line to
 /// line. Lines end in CR LF, LF, or with the file.
 class ReaderState {
  public:
   /// Reads the file. Throws RuntimeError when that cannot be done.
-  ReaderState(Ui& ui, const std::string& path);
+  ReaderState(Ui& ui, const std::string& path, FieldFailure onFailure = FieldFailure::Asked);
   ReaderState(const ReaderState&) = delete;
   ReaderState& operator=(const ReaderState&) = delete;
 
@@ -34,6 +44,11 @@ class ReaderState {
 
   bool AtEnd() const { return place_ >= text_.size(); }
 
+  /// Whether nothing but blanks, tabs and line ends is left.
+  bool OnlyBlanksLeft() const { return text_.find_first_not_of(kBlankSpace, place_) == text_.npos; }
+
+  std::size_t BytesLeft() const { return AtEnd() ? 0 : text_.size() - place_; }
+
   /// Reads one line into the variables, each taking the field of its own place.
   ///
   /// One text alone takes the whole line, trimmed. Where a text is among several variables only
@@ -44,7 +59,7 @@ class ReaderState {
   ///
   /// At the end of the file nothing happens. More than 40 fields are error 9. A field that cannot
   /// be converted is reported with its line: Abort leaves the routine, Retry tries again, Ignore
-  /// goes on with the next variable.
+  /// goes on with the next variable. With `FieldFailure::Thrown` its error leaves the routine.
   template <class... Variables>
   void ReadLine(Variables&... variables);
 
@@ -58,6 +73,13 @@ class ReaderState {
   /// The next line as it stands. Error 62 at the end of the file.
   std::string_view ReadRawLine();
 
+  /// Free input: the next number, up to a comma, blank, tab or line end, on whatever line it
+  /// stands. What separates it from the next number is passed over, the line end too, but a second
+  /// comma is not: it ends a field that is no number. `LineNumber` and `CurrentLine` stay: numbers
+  /// so read have no lines. Error 62 at the end of the file, else those of `ToNumber`.
+  template <class Number>
+  Number ReadFree();
+
   /// Error 62 when no line is left.
   void RequireLine() const;
 
@@ -67,6 +89,7 @@ class ReaderState {
 
  private:
   static constexpr std::size_t kMostFields = 40;
+  static constexpr std::string_view kBlankSpace = " \t\r\n";
 
   /// The fields of a line. Only the first `Count` places of `Text` are set: there is one of these
   /// for every line of a file.
@@ -88,6 +111,8 @@ class ReaderState {
   };
 
   void NextLine();
+  void SkipBlankSpace();
+  void SkipSeparator();
   Fields SplitAtTabs() const;
   Fields SplitAtBlanks() const;
 
@@ -97,7 +122,12 @@ class ReaderState {
   /// Shows the report of a field that could not be converted.
   Answer ReportField();
 
+  static bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+  static bool IsBlankSpace(char c) { return IsBlank(c) || c == '\r' || c == '\n'; }
+  static bool EndsNumber(char c) { return IsBlankSpace(c) || c == ','; }
+
   Ui& ui_;
+  FieldFailure onFailure_;
   std::string text_;
   std::size_t place_ = 0;
 };
@@ -139,7 +169,7 @@ void ReaderState::ReadLine(Variables&... variables) {
 /// False: the reader's routine is to be left.
 template <class Variable>
 bool ReaderState::Take(std::string_view field, Variable& variable) {
-  if constexpr (DebugMode) {
+  if (DebugMode || onFailure_ == FieldFailure::Thrown) {
     Assign(field, variable);
     return true;
   }
@@ -152,6 +182,38 @@ bool ReaderState::Take(std::string_view field, Variable& variable) {
       if (answer != Answer::Retry) return answer == Answer::Ignore;
     }
   }
+}
+
+inline void ReaderState::SkipBlankSpace() {
+  while (place_ < text_.size() && IsBlankSpace(text_[place_])) ++place_;
+}
+
+inline void ReaderState::SkipSeparator() {
+  const auto at = [&](char c) { return place_ < text_.size() && text_[place_] == c; };
+  while (at(' ') || at('\t')) ++place_;
+  if (at(',')) ++place_;
+  while (at(' ') || at('\t')) ++place_;
+  while (at('\r')) ++place_;
+  if (at('\n')) ++place_;
+}
+
+template <class Number>
+Number ReaderState::ReadFree() {
+  SkipBlankSpace();
+  RequireLine();
+  const char* const start = text_.data() + place_;
+  const char* const end = text_.data() + text_.size();
+  // Nearly every number is one as it stands.
+  Number value = 0;
+  auto [behind, error] = std::from_chars(start, end, value);
+  const bool isWhole = error == std::errc() && (behind == end || EndsNumber(*behind));
+  if (!isWhole || !std::isfinite(static_cast<double>(value))) {
+    behind = std::find_if(start, end, EndsNumber);
+    value = ToNumber<Number>({start, static_cast<std::size_t>(behind - start)});
+  }
+  place_ = static_cast<std::size_t>(behind - text_.data());
+  SkipSeparator();
+  return value;
 }
 
 }  // namespace lomaris

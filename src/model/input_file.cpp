@@ -10,14 +10,20 @@ namespace {
 
 void TellInputAborted(const RuntimeError& error, const std::string& name,
                       const std::optional<ReaderState>& in, Ui& ui) {
-  ui.ShowMessage({.Text = fmt::format("Following error occurred on line {} of file {}\r\n\r\n{}"
-                                      "\r\n\r\nLast line read was: {}\r\n\r\nInput aborted.",
-                                      in ? in->LineNumber : 1, name, error.Description(),
-                                      in ? Shown(in->CurrentLine) : std::string()),
+  ui.ShowMessage({.Text = InputAborted(error, in ? in->LineNumber : 1, name,
+                                       in ? in->CurrentLine : std::string_view()),
                   .BoxIcon = Icon::Critical});
 }
 
 }  // namespace
+
+std::string InputAborted(const RuntimeError& error, std::int32_t line, std::string_view name,
+                         std::string_view lastLine) {
+  return fmt::format(
+      "Following error occurred on line {} of file {}\r\n\r\n{}\r\n\r\nLast line "
+      "read was: {}\r\n\r\nInput aborted.",
+      line, name, error.Description(), Shown(lastLine));
+}
 
 std::optional<std::string> FindInputFile(std::string_view kind, const std::string& name,
                                          const std::string& projectFile, Ui& ui) {

@@ -21,6 +21,10 @@ namespace lomaris {
 std::optional<std::string> FindInputFile(std::string_view kind, const std::string& name,
                                          const std::string& projectFile, Ui& ui);
 
+/// The report of a failed read: the place in the file and the line, cut to what a box can show.
+std::string InputAborted(const RuntimeError& error, std::int32_t line, std::string_view name,
+                         std::string_view lastLine);
+
 /// Runs `read` over the file at `path` under the hourglass. False when `read` gave false, having
 /// told the user, or when it failed; then the user is told here, with the place in the file and the
 /// line. `name` is the file's name as the user knows it.

@@ -6,13 +6,11 @@
 #include <utility>
 #include <vector>
 
+#include "core/cell_limit.h"
 #include "core/ports/ui.h"
 #include "spreadsheet/sheet.h"
 
 namespace lomaris {
-
-/// Cells that the table may have before a command refuses to add more.
-inline constexpr std::int64_t kMostCells = 350'000;
 
 /// In the order of the menu.
 enum class SheetCommand {
