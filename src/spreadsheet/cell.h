@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "core/dates.h"
@@ -46,6 +47,8 @@ struct CellPlace {
   auto operator<=>(const CellPlace&) const = default;
 };
 
+enum class Axis { Rows, Cols };
+
 /// A rectangle of cells, all four bounds inclusive. Nothing in it when a lower bound is beyond its
 /// upper one.
 struct CellArea {
@@ -62,12 +65,15 @@ struct CellArea {
   bool operator==(const CellArea&) const = default;
 };
 
-/// What a person has selected: from the cell where it began to the one where it ended.
+/// What a person has selected: from the cell where it began to the one where it ended. Where whole
+/// lines were chosen as such, by their heads for one, it says which: in a table with a single row
+/// or column the cells alone do not tell.
 struct Selection {
   int Row = 0;
   int Col = 0;
   int RowSel = 0;
   int ColSel = 0;
+  std::optional<Axis> Whole = {};
 
   CellArea Area() const {
     return {std::min(Row, RowSel), std::min(Col, ColSel), std::max(Row, RowSel),

@@ -1,5 +1,6 @@
 #include "spreadsheet/cell_grid.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <string>
@@ -13,10 +14,13 @@ namespace {
 // Far above what an editor shows: only a wrong count gets here.
 constexpr std::int64_t kMostStoredCells = 10'000'000;
 
+void Check(bool there, int index) {
+  if (there) return;
+  throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "cell " + std::to_string(index));
+}
+
 std::size_t Checked(int index, int count) {
-  if (index < 0 || index >= count) {
-    throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "cell " + std::to_string(index));
-  }
+  Check(index >= 0 && index < count, index);
   return static_cast<std::size_t>(index);
 }
 
@@ -72,11 +76,23 @@ const Format& CellGrid::FormatOf(int row, int col) const {
   return own == formats_.end() ? ColFormat(col) : own->second;
 }
 
+void CellGrid::CheckPut(Axis axis, int first, int count) const {
+  Check(count >= 0 && first >= 0 && first <= Lines(axis), first);
+  const std::int64_t across = std::max(1, axis == Axis::Rows ? cols_ : rows_);
+  if (across * (std::int64_t{Lines(axis)} + count) > kMostStoredCells) {
+    throw RuntimeError(ErrorNumber::OutOfMemory);
+  }
+}
+
+void CellGrid::CheckTake(Axis axis, int first, int count) const {
+  Check(count >= 0 && first >= 0 && first <= Lines(axis) - count, first);
+}
+
 CellLines CellGrid::BlankLines(Axis axis, int count) const {
+  CheckPut(axis, 0, count);
   CellLines lines{.Count = count};
   const auto size = static_cast<std::size_t>(count);
   const int across = axis == Axis::Rows ? cols_ : rows_;
-  if (std::int64_t{count} * across > kMostStoredCells) throw RuntimeError(ErrorNumber::OutOfMemory);
   lines.Cells.resize(size * static_cast<std::size_t>(across));
   if (axis == Axis::Rows) {
     lines.RowLocks.resize(size);
@@ -114,7 +130,7 @@ void CellGrid::TakeCells(Axis axis, int first, CellLines& lines) {
 }
 
 CellLines CellGrid::Take(Axis axis, int first, int count) {
-  if (count < 0 || first < 0 || first > Lines(axis) - count) Checked(first + count, Lines(axis));
+  CheckTake(axis, first, count);
   CellLines lines{.Count = count};
   for (auto own = formats_.begin(); own != formats_.end();) {
     CellPlace place = own->first;
@@ -162,11 +178,7 @@ void CellGrid::PutCells(Axis axis, int first, CellLines& lines) {
 }
 
 void CellGrid::Put(Axis axis, int first, CellLines lines) {
-  if (first != Lines(axis)) Checked(first, Lines(axis));
-  const std::int64_t across = axis == Axis::Rows ? cols_ : rows_;
-  if (across * (std::int64_t{Lines(axis)} + lines.Count) > kMostStoredCells) {
-    throw RuntimeError(ErrorNumber::OutOfMemory);
-  }
+  CheckPut(axis, first, lines.Count);
   MoveFormats(axis, first, lines.Count);
   PutCells(axis, first, lines);
   for (auto& [place, format] : lines.Formats) {

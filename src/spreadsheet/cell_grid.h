@@ -8,8 +8,6 @@
 
 namespace lomaris {
 
-enum class Axis { Rows, Cols };
-
 /// Whole rows or columns with all that belongs to them, out of their grid. Places count from the
 /// first of them.
 struct CellLines {
@@ -45,11 +43,15 @@ class CellGrid {
   bool RowLocked(int row) const { return rowLocks_[RowIndex(row)] != 0; }
   void SetRowLocked(int row, bool locked) { rowLocks_[RowIndex(row)] = locked ? 1 : 0; }
 
+  /// Error 9 or 7 where `Put` or `Take` would fail: the lines are not there, or the grid would have
+  /// more cells than memory is meant for.
+  void CheckPut(Axis axis, int first, int count) const;
+  void CheckTake(Axis axis, int first, int count) const;
+
   /// Empty lines that fit this grid.
   CellLines BlankLines(Axis axis, int count) const;
 
-  /// Takes lines out, and puts lines in before line `first`. The latter is error 7 where the grid
-  /// would have more cells than memory is meant for; nothing is changed then.
+  /// Takes lines out, and puts lines in before line `first`. When it fails nothing is changed.
   CellLines Take(Axis axis, int first, int count);
   void Put(Axis axis, int first, CellLines lines);
 

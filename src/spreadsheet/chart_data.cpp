@@ -42,7 +42,11 @@ class ChartReader {
 
   ChartData Read() && {
     if (!data_.Area.Empty()) {
-      state_.Type == ChartType::XY&& Lines() > 1 ? ReadX() : ReadPositions();
+      if (state_.Type == ChartType::XY && Lines() > 1) {
+        ReadX();
+      } else {
+        ReadPositions();
+      }
       if (data_.Fault.empty()) ReadSeries();
     }
     if (data_.Fault.empty() && data_.Series.empty()) data_.Fault = "No numbers are selected.";
@@ -69,8 +73,8 @@ class ChartReader {
     data_.AtPositions = true;
     data_.X.resize(static_cast<std::size_t>(Positions()));
     std::iota(data_.X.begin(), data_.X.end(), 1.0);
-    int line = LabelLine(sheet_, state_);
-    if (line == 0 && Lines() > 1 && HoldsDates(firstLine_)) line = firstLine_;
+    const bool byDates = state_.XLabels < 0 && Lines() > 1 && HoldsDates(firstLine_);
+    const int line = byDates ? firstLine_ : LabelLine(sheet_, state_);
     if (Lines() > 1) headLine_ = line;
     ReadLabels(line);
   }
@@ -113,10 +117,11 @@ class ChartReader {
       if (line == headLine_) continue;
       ChartSeries series{
           .Line = line, .Values = std::vector<double>(static_cast<std::size_t>(Positions()), kGap)};
-      if (ReadValues(series)) {
-        series.Name = NameOf(line);
-        data_.Series.push_back(std::move(series));
-      }
+      if (!ReadValues(series)) continue;
+      data_.SeriesLeftOut = data_.Series.size() == kMostSeries;
+      if (data_.SeriesLeftOut) return;
+      series.Name = NameOf(line);
+      data_.Series.push_back(std::move(series));
     }
   }
 
@@ -173,6 +178,25 @@ ChartData ReadChart(const Sheet& sheet, CellArea area, const ChartState& state) 
 int LabelLine(const Sheet& sheet, const ChartState& state) {
   const int lines = state.SeriesInRows ? sheet.Rows() : sheet.Cols();
   return state.XLabels < lines ? std::max(state.XLabels, 0) : 0;
+}
+
+void ChartedArea::Follow(Axis axis, int first, int count, bool inserted) {
+  const bool rows = axis == Axis::Rows;
+  int& low = rows ? area_.Top : area_.Left;
+  int& high = rows ? area_.Bottom : area_.Right;
+  int& lost = rows ? rowsLost_ : colsLost_;
+  if (inserted) {
+    const int returned = first == high + 1 ? std::min(count, lost) : 0;
+    lost -= returned;
+    if (first < low) low += count;
+    high += first <= high ? count : returned;
+    return;
+  }
+  const int before = std::clamp(low - first, 0, count);
+  const int upToHigh = std::clamp(high + 1 - first, 0, count);
+  if (first <= high && first + count > high) lost += upToHigh - before;
+  low -= before;
+  high -= upToHigh;
 }
 
 std::optional<ChartPoint> NextPoint(const ChartData& data, ChartPoint from, bool forward) {

@@ -24,6 +24,9 @@ struct ChartPoint {
   bool operator==(const ChartPoint&) const = default;
 };
 
+/// More of them nobody could tell apart, and each costs time of its own.
+inline constexpr std::size_t kMostSeries = 200;
+
 /// What a part of a sheet gives to draw.
 struct ChartData {
   CellArea Area = {};
@@ -33,7 +36,8 @@ struct ChartData {
   std::vector<double> X = {};            ///< not a number where the cell is blank
   std::string XName = {};                ///< what heads the X values or the labels
   std::vector<std::string> Labels = {};  ///< of the positions; their numbers where blank
-  std::vector<ChartSeries> Series = {};  ///< only those with a number in them
+  std::vector<ChartSeries> Series = {};  ///< only those with a number in them, `kMostSeries` at most
+  bool SeriesLeftOut = false;            ///< there are more
   std::string Fault = {};                ///< what keeps it from being drawn; empty: nothing does
 
   /// The row, or column, of a position.
@@ -46,18 +50,35 @@ struct ChartData {
 /// Reads the cells of an area as a chart wants them. Each column is a series, or each row where the
 /// state says so; columns without a number are none. Cells that are not numbers are gaps.
 ///
-/// The labels come from the column that the state names. While that is the left-most one, a column
-/// of dates at the head of the area gives them instead. A column with the labels is no series,
-/// unless the area has no other. In an X-Y chart the first column has the X values; an area of a
-/// single one is drawn over 1, 2, ...
+/// The labels come from the column that the state names. While none is chosen they come from a
+/// column of dates at the head of the area, else from the left-most one of the sheet. A column with
+/// the labels is no series, unless the area has no other. In an X-Y chart the first column has the X
+/// values, and a row without one is a gap, as the empty row at the end of many tables; an area of a
+/// single column is drawn over 1, 2, ...
 ChartData ReadChart(const Sheet& sheet, CellArea area, const ChartState& state);
 
-/// The column, or row, of the sheet that the state names for the labels; the first one where a
-/// state from another table names one that is not there.
+/// The column, or row, of the sheet that the state names for the labels; the first one where none
+/// is chosen, or where a state from another table names one that is not there.
 int LabelLine(const Sheet& sheet, const ChartState& state);
 
 /// The nearest point of the same series that is no gap: the next one, or the one before.
 std::optional<ChartPoint> NextPoint(const ChartData& data, ChartPoint from, bool forward);
+
+/// The part of a sheet that is charted, which stays on its cells while lines come and go: lines
+/// inserted before its first one or between two are part of it. Lines taken from its end return to
+/// it when they are put back there.
+class ChartedArea {
+ public:
+  explicit ChartedArea(const CellArea& area = {}) : area_(area) {}
+
+  const CellArea& Area() const { return area_; }
+  void Follow(Axis axis, int first, int count, bool inserted);
+
+ private:
+  CellArea area_;
+  int rowsLost_ = 0;  // from its end
+  int colsLost_ = 0;
+};
 
 struct PieSlice {
   std::string Label = {};

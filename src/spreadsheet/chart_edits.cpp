@@ -6,7 +6,6 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "spreadsheet/sheet_commands.h"
 #include "spreadsheet/sheet_queries.h"
 
 namespace lomaris {
@@ -87,9 +86,7 @@ bool WritePoint(Sheet& sheet, CellPlace place, double value) {
 bool InsertPoint(Sheet& sheet, const ChartData& data, int position) {
   const Axis axis = PositionAxis(data);
   const int line = data.LineOf(position);
-  const std::int64_t across = axis == Axis::Rows ? sheet.Cols() : sheet.Rows();
-  const bool room = std::int64_t{sheet.Rows()} * sheet.Cols() + across <= kMostCells;
-  if (!room || !IsOpen(sheet, axis, line)) return false;
+  if (!HasRoomFor(sheet, axis, 1) || !IsOpen(sheet, axis, line)) return false;
   return sheet.AsStep([&] {
     if (!sheet.InsertLines(axis, line, 1)) return false;
     FillBetween(sheet, data, position);
@@ -107,8 +104,7 @@ double DecimalStep(double size) {
   return std::pow(10, std::floor(std::log10(size)));
 }
 
-double RoundedPoint(double value, double resolution) {
-  const double step = DecimalStep(resolution);
+double RoundedPoint(double value, double step) {
   // Divided by a whole number, so that a tenth is the tenth that is typed.
   if (step < 1) return std::round(value * std::round(1 / step)) / std::round(1 / step);
   return std::round(value / step) * step;

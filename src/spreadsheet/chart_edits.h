@@ -24,7 +24,7 @@ bool DeletePoint(Sheet& sheet, const ChartData& data, int position);
 /// The largest power of ten that is not above `size`, which is above 0.
 double DecimalStep(double size);
 
-/// A value that was pointed at, rounded to a multiple of `DecimalStep(resolution)`.
-double RoundedPoint(double value, double resolution);
+/// A value that was pointed at, rounded to a multiple of a power of ten.
+double RoundedPoint(double value, double step);
 
 }  // namespace lomaris

@@ -7,6 +7,23 @@
 #include "spreadsheet/cell_checks.h"
 
 namespace lomaris {
+namespace {
+
+/// A change of a step by its place in the order in which the step is undone, or else redone.
+SheetChange& ChangeAt(SheetStep& step, std::size_t place, bool undo) {
+  return step.Changes[undo ? step.Changes.size() - 1 - place : place];
+}
+
+/// Raises an event of an owner that has failed already, or has refused.
+template <class Event>
+void Unanswered(Event&& event) {
+  try {
+    event();
+  } catch (const std::exception&) {  // a failure more tells nobody anything new
+  }
+}
+
+}  // namespace
 
 Sheet::Sheet(int rows, int cols, int fixedRows, int fixedCols)
     : fixedRows_(fixedRows), fixedCols_(fixedCols) {
@@ -55,6 +72,21 @@ void Sheet::SetCell(int row, int col, Cell cell) {
   }
   std::get<CellWrites>(changes.back())
       .push_back({{row, col}, std::exchange(target, std::move(cell))});
+}
+
+void Sheet::SetColFormat(int col, Format format) {
+  grid_.ColFormat(col) = std::move(format);
+  Refresh(false);
+}
+
+void Sheet::SetCellFormat(int row, int col, Format format) {
+  grid_.SetOwnFormat(row, col, std::move(format));
+  Refresh(false);
+}
+
+void Sheet::SetReadOnlyRow(int row, bool readOnly) {
+  grid_.SetRowLocked(row, readOnly);
+  Refresh(false);
 }
 
 void Sheet::SetDate(int row, int col, ModelDateTime dateTime) {
@@ -121,7 +153,22 @@ void Sheet::Select(const Selection& selection) {
   };
   selected_ = {within(selection.Row, fixedRows_, Rows()), within(selection.Col, fixedCols_, Cols()),
                within(selection.RowSel, fixedRows_, Rows()),
-               within(selection.ColSel, fixedCols_, Cols())};
+               within(selection.ColSel, fixedCols_, Cols()), selection.Whole};
+  if (selected_.Whole == Axis::Rows) {
+    selected_.Col = fixedCols_;
+    selected_.ColSel = std::max(fixedCols_, Cols() - 1);
+  } else if (selected_.Whole == Axis::Cols) {
+    selected_.Row = fixedRows_;
+    selected_.RowSel = std::max(fixedRows_, Rows() - 1);
+  }
+}
+
+void Sheet::CheckLines(const LineChange& change) const {
+  if (change.Inserted) {
+    grid_.CheckPut(change.Of, change.First, change.Count);
+  } else {
+    grid_.CheckTake(change.Of, change.First, change.Count);
+  }
 }
 
 void Sheet::ApplyLines(LineChange& change, bool insert) {
@@ -132,6 +179,7 @@ void Sheet::ApplyLines(LineChange& change, bool insert) {
   }
   if (change.Of == Axis::Rows) NumberFrom(change.First);
   Select(selected_);
+  if (Events.LinesMoved) Events.LinesMoved(change.Of, change.First, change.Count, insert);
 }
 
 void Sheet::RecordLines(LineChange change) {
@@ -173,8 +221,10 @@ bool Sheet::ChangeLines(LineChange change) {
   const bool insert = change.Inserted;
   const LineChange told{.Told = change.Told, .First = change.First, .Count = change.Count};
   return AsStep([&] {
-    if (!AskBefore(told, insert)) return false;
+    // What can fail does so before the owner has changed its tables.
+    CheckLines(change);
     if (insert) change.Lines = grid_.BlankLines(change.Of, change.Count);
+    if (!AskBefore(told, insert)) return false;
     ApplyLines(change, insert);
     RecordLines(std::move(change));
     TellAfter(told, insert);
@@ -191,61 +241,86 @@ bool Sheet::DeleteLines(Axis axis, int first, int count) {
   return ChangeLines({.Of = axis, .Told = axis == Axis::Rows, .First = first, .Count = count});
 }
 
-bool Sheet::ReplayChange(SheetChange& change, bool undo, bool mayCancel) {
+void Sheet::Swap(CellWrites& writes, bool undo) {
+  const auto swap = [&](CellWrite& write) {
+    std::swap(grid_.At(write.Place.Row, write.Place.Col), write.Other);
+  };
+  if (undo) {
+    std::for_each(writes.rbegin(), writes.rend(), swap);
+  } else {
+    std::for_each(writes.begin(), writes.end(), swap);
+  }
+}
+
+bool Sheet::ReplayChange(SheetChange& change, bool undo) {
   if (auto* writes = std::get_if<CellWrites>(&change)) {
-    const auto swap = [&](CellWrite& write) {
-      std::swap(grid_.At(write.Place.Row, write.Place.Col), write.Other);
-    };
-    if (undo) {
-      std::for_each(writes->rbegin(), writes->rend(), swap);
-    } else {
-      std::for_each(writes->begin(), writes->end(), swap);
-    }
+    Swap(*writes, undo);
     return true;
   }
   auto& lines = std::get<LineChange>(change);
   const bool insert = lines.Inserted != undo;
-  if (!AskBefore(lines, insert) && mayCancel) return false;
+  if (!AskBefore(lines, insert)) return false;
   ApplyLines(lines, insert);
-  TellAfter(lines, insert);
+  try {
+    TellAfter(lines, insert);
+  } catch (...) {
+    RestoreChange(change, !undo);
+    throw;
+  }
   return true;
 }
 
-bool Sheet::Replay(SheetStep& step, bool undo) {
-  const auto count = step.Changes.size();
-  const auto change = [&](std::size_t i) -> SheetChange& {
-    return step.Changes[undo ? count - 1 - i : i];
-  };
-  for (std::size_t i = 0; i < count; ++i) {
-    if (ReplayChange(change(i), undo, true)) continue;
-    while (i-- > 0) ReplayChange(change(i), !undo, false);
-    return false;
-  }
-  return true;
+/// The owner is told, but neither its refusal nor its failure keeps the sheet from going back.
+void Sheet::RestoreChange(SheetChange& change, bool undo) {
+  if (auto* writes = std::get_if<CellWrites>(&change)) return Swap(*writes, undo);
+  auto& lines = std::get<LineChange>(change);
+  const bool insert = lines.Inserted != undo;
+  Unanswered([&] { AskBefore(lines, insert); });
+  ApplyLines(lines, insert);
+  Unanswered([&] { TellAfter(lines, insert); });
+}
+
+/// Puts the first `count` changes back that were undone, or else redone.
+void Sheet::Restore(SheetStep& step, std::size_t count, bool undone) {
+  while (count-- > 0) RestoreChange(ChangeAt(step, count, undone), !undone);
 }
 
 bool Sheet::Travel(bool undo) {
   if (inStep_ || replaying_) return false;
   const RaisedFlag replaying(replaying_);
+  const Selection selected = selected_;
+  const bool modified = Modified;
   SheetStep& step = *history_.Next(undo);
-  const bool done = Replay(step, undo);
-  if (done) {
+  const std::size_t count = step.Changes.size();
+  std::size_t replayed = 0;
+  const auto goBack = [&] {
+    Restore(step, replayed, undo);
+    Select(selected);
+    Modified = modified;
+    Refresh(true);
+  };
+  try {
+    while (replayed < count && ReplayChange(ChangeAt(step, replayed, undo), undo)) ++replayed;
+    if (replayed < count) {
+      goBack();
+      return false;
+    }
     Select(undo ? step.Before : step.After);
     history_.Pass(undo);
     Modified = true;
+    Refresh(true);
+    if (Events.Change) Events.Change();
+  } catch (...) {
+    if (replayed == count) history_.Pass(!undo);
+    goBack();
+    throw;
   }
-  Refresh(true);
-  if (done && Events.Change) Events.Change();
-  return done;
+  return true;
 }
 
 void Sheet::TakeBack() {
   const RaisedFlag replaying(replaying_);
-  for (auto change = step_.Changes.rbegin(); change != step_.Changes.rend(); ++change) {
-    // The owner is not asked: it is its own failure, or the command's, that ended the step.
-    if (auto* lines = std::get_if<LineChange>(&*change)) lines->Told = false;
-    ReplayChange(*change, true, false);
-  }
+  Restore(step_, step_.Changes.size(), false);
   Select(step_.Before);
   Refresh(true);
 }
@@ -261,15 +336,21 @@ void Sheet::FinishStep() {
 bool Sheet::AsStep(const std::function<bool()>& work) {
   if (inStep_ || replaying_) return work();
   const RaisedFlag inStep(inStep_);
+  const bool modified = Modified;
   step_ = {.Before = selected_};
   try {
     const bool done = work();
-    done ? FinishStep() : TakeBack();
+    if (done) {
+      FinishStep();
+    } else {
+      TakeBack();
+    }
     step_ = {};
     return done;
   } catch (...) {
     TakeBack();
     step_ = {};
+    Modified = modified;
     throw;
   }
 }

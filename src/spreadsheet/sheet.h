@@ -17,8 +17,9 @@ namespace lomaris {
 /// An owner with tables that run along with the rows changes them in the Before events, which also
 /// come when a step is undone or redone. What an owner writes into the sheet from an event belongs
 /// to the step that raised it; while a step is undone or redone such writes are dropped, because
-/// the step holds what they were. An event that fails ends its step, which is taken back; while a
-/// step is undone or redone an event must not fail.
+/// the step holds what they were. An event that fails ends its step, which is taken back: for rows
+/// that had come or gone by then the events of the opposite change are raised, without a say in it,
+/// so that an owner's tables go back as well. The same holds while a step is undone or redone.
 struct SheetEvents {
   /// After any edit or command, undone and redone ones included. Not after the owner's own writes.
   std::function<void()> Change = {};
@@ -28,9 +29,14 @@ struct SheetEvents {
   std::function<void(int first, int count)> AfterRowInsert = {};
   std::function<void(int first, int count)> AfterRowDelete = {};
 
-  /// For the view: what it shows is out of date; `shape`: the number of rows or columns as well.
-  /// It comes after each write of the owner, too, so the view should gather them.
+  /// For the view: what it shows of cells, heads, formats or locked rows is out of date; `shape`:
+  /// the number of rows or columns as well. It comes after each write of the owner, too, so the
+  /// view should gather them. The plain members of the sheet, as `ReadOnly`, change untold.
   std::function<void(bool shape)> Refresh = {};
+
+  /// For the view: lines have come or gone, by whatever. It comes in the middle of the change, so
+  /// the view only moves the places that it keeps.
+  std::function<void(Axis axis, int first, int count, bool inserted)> LinesMoved = {};
 };
 
 /// The model of the one table editor: texts with formats, what may be edited, the selection, and
@@ -82,15 +88,13 @@ class Sheet {
   /// One more row at the end, its texts separated by tabs from the first column on.
   void AddItem(std::string_view texts);
 
-  void SetColFormat(int col, Format format) { grid_.ColFormat(col) = std::move(format); }
+  void SetColFormat(int col, Format format);
   /// Kind 0: the column's format holds.
-  void SetCellFormat(int row, int col, Format format) {
-    grid_.SetOwnFormat(row, col, std::move(format));
-  }
+  void SetCellFormat(int row, int col, Format format);
   const Format& FormatOf(int row, int col) const { return grid_.FormatOf(row, col); }
 
   bool ReadOnlyRow(int row) const { return grid_.RowLocked(row); }
-  void SetReadOnlyRow(int row, bool readOnly) { grid_.SetRowLocked(row, readOnly); }
+  void SetReadOnlyRow(int row, bool readOnly);
   bool IsReadOnly(int row, int col) const;
   bool CanEdit(int row, int col) const { return GridEdit && !IsReadOnly(row, col); }
   /// Rows and columns that a command may take out, or insert others before.
@@ -101,7 +105,8 @@ class Sheet {
   /// The same for a date picker.
   bool EndEdit(int row, int col, ModelDateTime dateTime);
 
-  /// Kept within the cells that are not fixed, also when rows or columns go.
+  /// Kept within the cells that are not fixed, also when rows or columns go; whole lines that were
+  /// chosen as such are kept whole.
   const Selection& Selected() const { return selected_; }
   CellArea SelectedArea() const;
   CellArea AllCells() const { return {fixedRows_, fixedCols_, Rows() - 1, Cols() - 1}; }
@@ -127,6 +132,7 @@ class Sheet {
 
  private:
   void SetLines(Axis axis, int count);
+  void CheckLines(const LineChange& change) const;
   void ApplyLines(LineChange& change, bool insert);
   void RecordLines(LineChange change);
   void NumberFrom(int first);
@@ -135,8 +141,10 @@ class Sheet {
   void TellAfter(const LineChange& change, bool insert) const;
   bool ChangeLines(LineChange change);
   bool Travel(bool undo);
-  bool Replay(SheetStep& step, bool undo);
-  bool ReplayChange(SheetChange& change, bool undo, bool mayCancel);
+  bool ReplayChange(SheetChange& change, bool undo);
+  void Restore(SheetStep& step, std::size_t count, bool undone);
+  void RestoreChange(SheetChange& change, bool undo);
+  void Swap(CellWrites& writes, bool undo);
   void FinishStep();
   void TakeBack();
 

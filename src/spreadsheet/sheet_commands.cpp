@@ -6,7 +6,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "spreadsheet/cell_checks.h"
-#include "spreadsheet/series.h"
+#include "spreadsheet/clip_cells.h"
 #include "spreadsheet/sheet_queries.h"
 
 namespace lomaris {
@@ -23,54 +23,25 @@ void CheckRoom(std::string_view text, std::int64_t cells) {
   }
 }
 
-/// The clipboard's text with one carriage return for each line break, whichever program put it
-/// there, and none at its end.
-std::string PastedText(std::string_view clipboard) {
-  std::string text;
-  text.reserve(clipboard.size());
-  for (std::size_t i = 0; i < clipboard.size(); ++i) {
-    const bool behindReturn = i > 0 && clipboard[i - 1] == '\r';
-    if (clipboard[i] != '\n') {
-      text += clipboard[i];
-    } else if (!behindReturn) {
-      text += '\r';
-    }
-  }
-  if (text.ends_with('\r')) text.pop_back();
-  return text;
-}
-
-/// A text piece by piece. One without a separator has one piece, also when it is empty.
-class Pieces {
- public:
-  Pieces(std::string_view text, char separator) : rest_(text), separator_(separator) {}
-
-  bool More() const { return more_; }
-
-  std::string_view Take() {
-    const std::size_t end = rest_.find(separator_);
-    more_ = end != std::string_view::npos;
-    const std::string_view piece = rest_.substr(0, end);
-    if (more_) rest_.remove_prefix(end + 1);
-    return piece;
-  }
-
- private:
-  std::string_view rest_;
-  char separator_;
-  bool more_ = true;
-};
-
 /// The area that a pasted text takes from the cell `corner` on: as many rows as it has lines, as
 /// many columns as its first line has pieces, but no further than the last cell.
 CellArea AreaFor(std::string_view text, const CellArea& corner, const CellArea& all) {
-  const auto reach = [](int from, std::ptrdiff_t separators, int last) {
-    return separators < last - from ? from + static_cast<int>(separators) : last;
-  };
-  const std::string_view line = text.substr(0, text.find('\r'));
-  return {corner.Top, corner.Left,
-          reach(corner.Top, std::count(text.begin(), text.end(), '\r'), all.Bottom),
-          reach(corner.Left, std::count(line.begin(), line.end(), '\t'), all.Right)};
+  CellArea area{corner.Top, corner.Left, corner.Top - 1, corner.Left - 1};
+  bool firstRow = true;
+  for (ClipCells cells(text); cells.More() && area.Bottom < all.Bottom;) {
+    cells.Next();
+    if (firstRow && area.Right < all.Right) ++area.Right;
+    if (!cells.AtRowEnd()) continue;
+    firstRow = false;
+    ++area.Bottom;
+  }
+  return area;
+}
+
+bool IsSingleCell(std::string_view text) {
+  ClipCells cells(text);
+  cells.Next();
+  return !cells.More();
 }
 
 std::string SeriesNeeds(std::string_view first) {
@@ -96,15 +67,35 @@ std::vector<std::pair<int, int>> FreeRuns(const Sheet& sheet, Axis axis, const C
   return runs;
 }
 
-/// The lines that are selected whole. In a table with a single row a cell alone is no column, so
-/// that a command on rows does not take a column of the table.
+/// The lines that are selected whole. Where the selection does not say so itself the cells tell,
+/// but for a cell alone, and in a table with a single row no cells are columns: a command on rows
+/// is not to take columns of the table.
 std::optional<Axis> WholeLines(const Sheet& sheet) {
   const CellArea area = sheet.SelectedArea();
   const CellArea all = sheet.AllCells();
   if (area.Empty()) return std::nullopt;
+  if (sheet.Selected().Whole) return sheet.Selected().Whole;
+  if (area.Count() == 1) return std::nullopt;
   if (area.Left == all.Left && area.Right == all.Right) return Axis::Rows;
   if (area.Top == all.Top && area.Bottom == all.Bottom && all.Rows() > 1) return Axis::Cols;
   return std::nullopt;
+}
+
+/// The text with the number at its end raised by 1. The number may be as long as it likes, and
+/// keeps its width, as people number their sections: "XS009" is followed by "XS010", "9" by "10". A
+/// text without a number at its end is followed by the one with 1.
+std::string NextInSeries(std::string text) {
+  const std::size_t last = text.find_last_not_of("0123456789");
+  const std::size_t first = last == std::string::npos ? 0 : last + 1;
+  if (first == text.size()) return text + '1';
+  for (std::size_t digit = text.size(); digit-- > first;) {
+    if (text[digit] != '9') {
+      ++text[digit];
+      return text;
+    }
+    text[digit] = '0';
+  }
+  return text.insert(first, 1, '1');
 }
 
 }  // namespace
@@ -122,8 +113,11 @@ bool SheetCommands::Offered(SheetCommand command) const {
 
 void SheetCommands::Run(SheetCommand command) {
   if (!Offered(command)) return;
+  // The report of a failure takes the clipboard: to try again is to paste the same once more.
+  pasted_ = command == SheetCommand::Paste ? ui_.ClipboardText() : std::string();
   Trap trap(ui_, "mnuEditItem_Click", "Form", "Spreadsheet");
   trap.Run([&] { (this->*kRoutines[static_cast<std::size_t>(command)])(); });
+  pasted_ = {};
 }
 
 void SheetCommands::ShowError(std::string_view text) {
@@ -199,22 +193,22 @@ void SheetCommands::SelectAll() {
 
 /// What is pasted is not held against the kinds of the cells, and read-only cells take it too: a
 /// block from another program comes in as it stands, whole and in place, and is put right in the
-/// table. The owner checks all cells before it saves.
+/// table. The owner checks all cells before it saves. A clipboard without a text empties no cells.
 void SheetCommands::Paste() {
   const CellArea area = sheet_.SelectedArea();
-  if (area.Empty()) return;
-  const std::string text = PastedText(ui_.ClipboardText());
+  if (area.Empty() || pasted_.empty()) return;
+  const std::string text = PastedText(pasted_);
   const DatedCells none;
   const DatedCells& dates = text == copied_.Text ? std::as_const(copied_.Cells) : none;
   sheet_.AsStep([&] {
     if (area.Count() == 1) {
       sheet_.SelectArea(AreaFor(text, area, sheet_.AllCells()));
       PasteBlock(text, dates);
-    } else if (text.find_first_of("\t\r") != std::string::npos) {
+    } else if (!IsSingleCell(text)) {
       PasteBlock(text, dates);
     } else {
       CheckRoom(text, area.Count());
-      WriteAll(area, dates.empty() ? Cell{text} : dates.front().second);
+      WriteAll(area, dates.empty() ? Cell{ClipCells::CellOf(text)} : dates.front().second);
     }
     return true;
   });
@@ -222,12 +216,11 @@ void SheetCommands::Paste() {
 
 void SheetCommands::PasteBlock(std::string_view text, const DatedCells& dates) {
   const CellArea area = sheet_.SelectedArea();
-  Pieces lines(text, '\r');
-  for (int row = area.Top; row <= area.Bottom && lines.More(); ++row) {
-    Pieces line(lines.Take(), '\t');
-    for (int col = area.Left; col <= area.Right && line.More(); ++col) {
-      sheet_.SetTextMatrix(row, col, std::string(line.Take()));
-    }
+  CellPlace at{area.Top, area.Left};
+  for (ClipCells cells(text); cells.More() && at.Row <= area.Bottom;) {
+    const std::string_view piece = cells.Next();
+    if (at.Col <= area.Right) sheet_.SetTextMatrix(at.Row, at.Col, ClipCells::CellOf(piece));
+    at = cells.AtRowEnd() ? CellPlace{at.Row + 1, area.Left} : CellPlace{at.Row, at.Col + 1};
   }
   for (const auto& [place, cell] : dates) {
     const CellPlace target{area.Top + place.Row, area.Left + place.Col};
@@ -327,12 +320,10 @@ void SheetCommands::ShowStats() {
        .BoxIcon = Icon::Information});
 }
 
-bool SheetCommands::HasRoomFor(Axis axis, std::int64_t lines) {
-  const std::int64_t now = axis == Axis::Rows ? sheet_.Rows() : sheet_.Cols();
-  const std::int64_t across = axis == Axis::Rows ? sheet_.Cols() : sheet_.Rows();
-  if (now + lines <= kMostCells / Max<std::int64_t>(across, 1)) return true;
-  ShowError("You have exceeded the maximum number of cells in the grid (350,000).");
-  return false;
+bool SheetCommands::CheckRoomFor(Axis axis, std::int64_t lines) {
+  const bool room = HasRoomFor(sheet_, axis, lines);
+  if (!room) ShowError("You have exceeded the maximum number of cells in the grid (350,000).");
+  return room;
 }
 
 void SheetCommands::Append() {
@@ -342,7 +333,7 @@ void SheetCommands::Append() {
   // Beyond the limit any number of rows is too many, however large.
   const auto rows = static_cast<int>(std::clamp<double>(*answer, 0, kMostCells + 1));
   if (rows < 1) return ShowError(kNotANumber);
-  if (HasRoomFor(Axis::Rows, rows)) sheet_.InsertLines(Axis::Rows, sheet_.Rows(), rows);
+  if (CheckRoomFor(Axis::Rows, rows)) sheet_.InsertLines(Axis::Rows, sheet_.Rows(), rows);
 }
 
 void SheetCommands::Insert() {
@@ -351,7 +342,7 @@ void SheetCommands::Insert() {
   const std::vector<std::pair<int, int>> runs = FreeRuns(sheet_, *axis, sheet_.SelectedArea());
   int count = 0;
   for (const auto& run : runs) count += run.second;
-  if (count > 0 && HasRoomFor(*axis, count)) {
+  if (count > 0 && CheckRoomFor(*axis, count)) {
     sheet_.InsertLines(*axis, runs.front().first, count);
   }
 }

@@ -101,7 +101,7 @@ class SheetCommands {
   void NumberSeries(const CellArea& area);
   void TextSeries(const CellArea& area);
   void PasteBlock(std::string_view text, const DatedCells& dates);
-  bool HasRoomFor(Axis axis, std::int64_t lines);
+  bool CheckRoomFor(Axis axis, std::int64_t lines);
 
   void WriteAll(const CellArea& area, const Cell& cell);
 
@@ -116,6 +116,7 @@ class SheetCommands {
   Sheet& sheet_;
   Ui& ui_;
   CopiedDates& copied_;
+  std::string pasted_;  // while Paste runs, what the clipboard held when it began
 };
 
 }  // namespace lomaris

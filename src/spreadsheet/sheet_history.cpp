@@ -58,7 +58,11 @@ void SheetHistory::Pass(bool undo) {
   bytes_ -= step.Bytes;
   step.Bytes = BytesOf(step);
   bytes_ += step.Bytes;
-  undo ? --done_ : ++done_;
+  if (undo) {
+    --done_;
+  } else {
+    ++done_;
+  }
 }
 
 }  // namespace lomaris

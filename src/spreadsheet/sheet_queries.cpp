@@ -4,8 +4,10 @@
 
 #include <fmt/format.h>
 
+#include "core/cell_limit.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "spreadsheet/clip_cells.h"
 
 namespace lomaris {
 namespace {
@@ -66,7 +68,7 @@ std::string ClipText(const Sheet& sheet, const CellArea& area) {
     if (row > area.Top) text += kLineBreak;
     for (int col = area.Left; col <= area.Right; ++col) {
       if (col > area.Left) text += '\t';
-      text += sheet.TextMatrix(row, col);
+      text += ClipCell(sheet.TextMatrix(row, col));
     }
   }
   return text;
@@ -110,10 +112,17 @@ std::string SelectionSummary(const Sheet& sheet) {
   if (area.Count() == 1) return text;
   const SelectionStatistics all = StatisticsOf(sheet, area);
   text += fmt::format(": {} number{}", all.Numbers, all.Numbers == 1 ? "" : "s");
-  if (all.Numbers > 0 && std::isfinite(all.Sum)) {
-    text += fmt::format(", sum {}, mean {}", NumberText(all.Sum), NumberText(all.Mean()));
+  const auto sum = static_cast<double>(all.Sum);
+  if (all.Numbers > 0 && std::isfinite(sum)) {
+    text += fmt::format(", sum {}, mean {}", NumberText(sum), NumberText(all.Mean()));
   }
   return text;
+}
+
+bool HasRoomFor(const Sheet& sheet, Axis axis, std::int64_t lines) {
+  const std::int64_t now = axis == Axis::Rows ? sheet.Rows() : sheet.Cols();
+  const std::int64_t across = axis == Axis::Rows ? sheet.Cols() : sheet.Rows();
+  return now + lines <= kMostCells / Max<std::int64_t>(across, 1);
 }
 
 CellPlace JumpTarget(const Sheet& sheet, CellPlace from, Direction direction) {

@@ -12,7 +12,7 @@ namespace lomaris {
 /// The number that a cell's text is, read strictly; nothing for other texts.
 std::optional<double> NumberOf(std::string_view text);
 
-/// The texts of an area: tabs between cells, a line break between rows.
+/// The texts of an area as the clipboard takes them: tabs between cells, a line break between rows.
 std::string ClipText(const Sheet& sheet, const CellArea& area);
 
 /// What is said of the numeric cells of a selection.
@@ -20,11 +20,13 @@ struct SelectionStatistics {
   int Rows = 0;
   int Cols = 0;
   std::int64_t Numbers = 0;  ///< numeric cells
-  double Sum = 0;
-  double Minimum = 0;  ///< 0, like the maximum, where there is no numeric cell
+  long double Sum = 0;       ///< of numbers as large as cells take, beyond what those hold
+  double Minimum = 0;        ///< 0, like the maximum, where there is no numeric cell
   double Maximum = 0;
 
-  double Mean() const { return Numbers > 0 ? Sum / static_cast<double>(Numbers) : 0; }
+  double Mean() const {
+    return Numbers > 0 ? static_cast<double>(Sum / static_cast<long double>(Numbers)) : 0;
+  }
 };
 SelectionStatistics StatisticsOf(const Sheet& sheet, const CellArea& area);
 
@@ -39,6 +41,9 @@ std::optional<CellPlace> FindPrevious(const Sheet& sheet, std::string_view text,
 /// Where the selection is, counted from the first cell that is not fixed, and, of more than one
 /// cell, what its numbers come to: "Rows 3 to 5, column 2: 3 numbers, sum 4.5, mean 1.5".
 std::string SelectionSummary(const Sheet& sheet);
+
+/// True while so many more rows or columns leave the table within the limit of its cells.
+bool HasRoomFor(const Sheet& sheet, Axis axis, std::int64_t lines);
 
 enum class Direction { Up, Down, Left, Right };
 

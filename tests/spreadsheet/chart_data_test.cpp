@@ -48,6 +48,7 @@ TEST_F(ChartTest, ReadsSeriesPointsAndLabels) {
       {{}, {2, 2, 9, 9}, "2 3 | Q 3: 5 6 "},
       {{.XLabels = 3}, {1, 2, 3, 3}, "4 5 6 | Q 2: 1 - - "},
       {{.XLabels = 3}, {1, 3, 1, 3}, "4 | Q 3: 4 "},
+      {{.XLabels = 0}, {1, 1, 3, 3}, "1 2 3 | Q 2: 1 - - | Q 3: 4 5 6 "},
       {{.XLabels = 9}, {1, 3, 1, 3}, "1 | Q 3: 4 "},
       {{.SeriesInRows = true}, {1, 2, 3, 3}, "Q 2 Q 3 | 1: 1 4 | 2: - 5 | 3: - 6 "},
       {{.SeriesInRows = true, .XLabels = 2}, {1, 2, 3, 3}, "1E300 5 | 1: 1 4 | 3: - 6 "},
@@ -62,6 +63,28 @@ TEST_F(ChartTest, ReadsSeriesPointsAndLabels) {
   }
   sheet_.SetFixed(0, 0);
   EXPECT_EQ(Read({}, {1, 2, 2, 3}), "1 2 | Column 3: 1 - | Column 4: 4 5 ");
+}
+
+TEST_F(ChartTest, DrawsNoMoreSeriesThanCanBeTold) {
+  SetDated("7/1/97,1");
+  for (int row = 0; row <= 200; ++row) {
+    EXPECT_FALSE(ReadChart(sheet_, sheet_.AllCells(), {.SeriesInRows = true}).SeriesLeftOut) << row;
+    sheet_.AddItem("0\t\t1");
+  }
+  const ChartData chart = ReadChart(sheet_, sheet_.AllCells(), {.SeriesInRows = true});
+  EXPECT_TRUE(chart.SeriesLeftOut && chart.Series.size() == 200);
+}
+
+TEST_F(ChartTest, TheChartedAreaStaysOnItsCells) {
+  ChartedArea area({3, 1, 6, 2});
+  const std::tuple<bool, int, int, int, int> rows[] = {
+      {true, 1, 2, 5, 8},  {true, 5, 1, 5, 9},  {true, 10, 4, 5, 9}, {false, 10, 4, 5, 9},
+      {false, 4, 2, 4, 7}, {false, 5, 1, 4, 6}, {false, 6, 9, 4, 5}, {false, 4, 2, 4, 3},
+      {true, 4, 2, 4, 5},  {true, 6, 9, 4, 6},  {false, 1, 3, 1, 3}};
+  for (const auto& [inserted, first, count, top, bottom] : rows) {
+    area.Follow(Axis::Rows, first, count, inserted);
+    EXPECT_EQ(area.Area(), (CellArea{top, 1, bottom, 2})) << inserted << first << count;
+  }
 }
 
 TEST_F(ChartTest, APieTakesWhatIsAboveZeroAndJoinsTheSmallSlices) {
@@ -128,8 +151,8 @@ TEST_F(ChartTest, WritesAPointBackAsOneStep) {
   sheet_.Events.BeforeRowDelete = [](int, int, bool& cancel) { cancel = true; };
   EXPECT_FALSE(DeletePoint(sheet_, chart, 1)) << "the owner cancels it";
   EXPECT_FALSE(WritePoint(sheet_, chart.PlaceOf({1, 1}), 100.5)) << "beyond the cell's range";
-  EXPECT_EQ(RoundedPoint(12.3456789, 0.03), 12.35);
-  EXPECT_EQ(RoundedPoint(-12345, 700), -12300);
+  EXPECT_EQ(RoundedPoint(12.3456789, DecimalStep(0.03)), 12.35);
+  EXPECT_EQ(RoundedPoint(-12345, DecimalStep(700)), -12300);
 }
 
 }  // namespace

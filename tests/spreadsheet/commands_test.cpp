@@ -20,12 +20,15 @@ TEST_F(SheetTest, PastesInItsThreeWays) {
       {{1, 2, 1, 2}, "1\r\n2\t9\r\n", "a,1,c|d,2,f|g,h,i"},
       {{1, 1, 1, 1}, "1\t2\r\n3\r\n\r\n", "1,2,c|3,e,f|,h,i"},
       {{2, 2, 2, 2}, "letters", "a,b,c|d,letters,f|g,h,i"},
-      {{2, 2, 2, 2}, "", "a,b,c|d,,f|g,h,i"},
+      {{1, 1, 1, 1},
+       "\"x\ny\"\t\"5\"\" pipe\"\n\"q\"",
+       "x y,\"5\"\" pipe\",c|\"\"\"q\"\"\",e,f|g,h,i"},
       // several cells and a block: from the corner, within the selection
       {{3, 3, 2, 2}, "1\t2\t3\r\n4", "a,b,c|d,1,2|g,4,i"},
       {{1, 1, 2, 2}, "1\r\n2\r\n3", "1,b,c|2,e,f|g,h,i"},
       // several cells and one value
-      {{1, 1, 3, 2}, "7\r\n", "7,7,c|7,7,f|7,7,i"}};
+      {{1, 1, 3, 2}, "7\r\n", "7,7,c|7,7,f|7,7,i"},
+      {{1, 1, 1, 2}, "\"x\r\ny\"\r\n", "x y,x y,c|d,e,f|g,h,i"}};
   for (const auto& [selection, text, all] : rows) {
     Set("a,b,c|d,e,f|g,h,i", Number);
     sheet_.ReadOnlyRows = 1;
@@ -40,6 +43,9 @@ TEST_F(SheetTest, PastesInItsThreeWays) {
   EXPECT_EQ(sheet_.Selected(), (Selection{2, 2, 3, 3}));
   EXPECT_TRUE(sheet_.Undo());
   EXPECT_EQ(sheet_.Selected(), (Selection{2, 2, 2, 2}));
+  ui_.Clipboard.clear();
+  Run(Paste, {1, 1, 3, 3});
+  EXPECT_EQ(All(), "a,b,c|d,e,f|g,h,i") << "there is nothing to paste";
 }
 
 TEST_F(SheetTest, AClipboardOfAnySizeIsTakenInOnePassOrRefused) {
@@ -50,7 +56,7 @@ TEST_F(SheetTest, AClipboardOfAnySizeIsTakenInOnePassOrRefused) {
   }
   EXPECT_EQ(sheet_.TextMatrix(1, 1), ui_.Clipboard);
   Set("a,b|c,d");
-  ui_.Answers = {Answer::Abort};
+  ui_.Answers = {Answer::Retry, Answer::Abort};  // the report does not take the text's place
   Run(Paste, {1, 1, 2, 2});
   EXPECT_THAT(ui_.LastMessage(), HasSubstr("Error 7 (Out of memory)"));
   EXPECT_EQ(All(), "a,b|c,d");
@@ -117,6 +123,7 @@ struct CommandCase {
     {Series, Number, "1.5|||x|", {1, 1, 5, 1}, "-0.1", "1.5|1.4|1.3|x|1.1", kAskStep},
     {Series, Number, "x|", {1, 1, 2, 1}, "", "", NoSeries("valid number")},
     {Series, UpperText, "XS8||", {1, 1, 3, 1}, "", "XS8|XS9|XS10", ""},
+    {Series, UpperText, "XS009||", {1, 1, 3, 1}, "", "XS009|XS010|XS011", ""},
     {Series, UpperText, "XS||", {1, 1, 3, 1}, "", "XS|XS1|XS2", ""},
     {Series, NumberedText, "a1b099|", {1, 1, 2, 1}, "", "a1b099|a1b100", ""},
     {Series,
@@ -155,6 +162,15 @@ struct CommandCase {
      "",
      "Statistics: Number of rows selected = 1\r\nNumber of columns selected = 1\r\n"
      "Total number of numeric cells = 0\r\nMinimum value = \r\nMaximum value = \r\nMean value = "},
+    {ShowStats,
+     Number,
+     "1E308|1E308",
+     {1, 1, 2, 1},
+     "",
+     "",
+     "Statistics: Number of rows selected = 2\r\nNumber of columns selected = 1\r\n"
+     "Total number of numeric cells = 2\r\nMinimum value = 1E+308\r\nMaximum value = 1E+308\r\n"
+     "Mean value = 1E+308"},
     {Append, Number, "1,2", {1, 1, 1, 1}, "2", "1,2|,|,", kAskRows},
     {Append, Number, "1,2", {1, 1, 1, 1}, "0", "", kNoNumber},
     {Append,
@@ -169,7 +185,10 @@ struct CommandCase {
     {Insert, Number, "1,2|3,4", {1, 1, 1, 1}, "", "", kNotWhole + "insert."},
     {Delete, Number, "1|2|3|4|5", {3, 1, 5, 1}, "", "1|2|4", ""},
     {Delete, Number, "1,2,3|4,5,6", {1, 1, 2, 2}, "", "3|6", ""},
-    {Delete, Number, "1,2", {1, 1, 1, 1}, "", "", kNotWhole + "delete."}};
+    {Delete, Number, "1,2", {1, 1, 1, 1}, "", "", kNotWhole + "delete."},
+    {Delete, Number, "1|2", {1, 1, 1, 1}, "", "", kNotWhole + "delete."},
+    {Delete, Number, "1|2", {1, 1, 1, 1, Axis::Rows}, "", "2", ""},
+    {Delete, Number, "1,2", {1, 1, 1, 1, Axis::Cols}, "", "2", ""}};
 
 TEST_F(SheetTest, CommandsChangeTheCellsAsOneStepAndSaySo) {
   for (const CommandCase& row : kCommands) {

@@ -147,7 +147,7 @@ TEST_F(SheetTest, RowEventsComeWithUndoAndRedoAndMayCancelThem) {
   EXPECT_FALSE(sheet_.Redo());
   EXPECT_EQ(All() + ' ' + heard(), "a|b|c|d D3+2 d D1+1 I3+2 i ");
   owner.Refused = "D";
-  Run(SheetCommand::Delete, {3, 1, 3, 1});
+  Run(SheetCommand::Delete, {3, 1, 3, 1, Axis::Rows});
   EXPECT_EQ(All() + ' ' + heard(), "a|b|c|d D3+1 ");
   owner.Refused = "I";
   Run(SheetCommand::Append, {}, {"1"});
@@ -210,13 +210,40 @@ TEST_F(SheetTest, TheHistoryIsBoundedButKeepsTheLatestStep) {
   EXPECT_FALSE(sheet_.CanRedo());
 }
 
-TEST_F(SheetTest, AStepThatFailsIsTakenBack) {
-  Set("1|2");
-  sheet_.Events.Change = [] { throw RuntimeError(ErrorNumber::Overflow); };
-  EXPECT_EQ(ErrorOf([&] { sheet_.InsertLines(Axis::Rows, 1, 1); }), 6);
-  EXPECT_EQ(ErrorOf([&] { sheet_.EndEdit(1, 1, "3"); }), 6);
-  EXPECT_EQ(All(), "1|2");
-  EXPECT_FALSE(sheet_.CanUndo());
+TEST_F(SheetTest, AStepThatFailsIsTakenBackWithTheOwnersTables) {
+  Set("1|2|3|4");
+  int rows = 4, calls = 0, failing = 1;
+  const auto fail = [&] {
+    if (++calls == failing) throw RuntimeError(ErrorNumber::Overflow);
+  };
+  sheet_.Events.BeforeRowInsert = [&](int, int count, bool&) {
+    fail();
+    rows += count;
+  };
+  sheet_.Events.BeforeRowDelete = [&](int, int count, bool&) { rows -= count; };
+  sheet_.Events.AfterRowInsert = sheet_.Events.AfterRowDelete = [&](int, int) { fail(); };
+  sheet_.Events.Change = fail;
+  const auto failsAt = [&](int call, const std::function<void()>& act) {
+    calls = 0;
+    failing = call;
+    return ErrorOf(act);
+  };
+  const auto insert = [&] { sheet_.InsertLines(Axis::Rows, 1, 1); };
+  const auto undo = [&] { sheet_.Undo(); };
+  for (int call = 1; call <= 3; ++call) EXPECT_EQ(failsAt(call, insert), 6) << call;
+  EXPECT_EQ(failsAt(1, [&] { sheet_.EndEdit(1, 1, "3"); }), 6);
+  EXPECT_EQ(failsAt(0, [&] { sheet_.InsertLines(Axis::Rows, 1, 1'000'000'000); }), 7);
+  EXPECT_EQ(All() + ' ' + std::to_string(rows), "1|2|3|4 4");
+  EXPECT_FALSE(sheet_.CanUndo() || sheet_.Modified);
+  sheet_.SetReadOnlyRow(3, true);
+  failing = 0;
+  Run(SheetCommand::Delete, {2, 1, 4, 1});
+  sheet_.Modified = false;
+  for (int call = 1; call <= 5; ++call) EXPECT_EQ(failsAt(call, undo), 6) << call;
+  EXPECT_EQ(All() + ' ' + std::to_string(rows), "1|3 2");
+  EXPECT_FALSE(sheet_.Modified);
+  EXPECT_EQ(failsAt(0, undo), 0);
+  EXPECT_EQ(All() + ' ' + std::to_string(rows), "1|2|3|4 4");
 }
 
 TEST_F(SheetTest, FindsTheNextTextAndJumpsByBlocks) {
