@@ -34,11 +34,11 @@ inline void Require(bool holds) {
 
 /// Takes the fuzzer's bytes for a file. What can be read may be refused by the writer, but what was
 /// written is read again, and from then on neither the record nor the file changes any more.
-/// `load` and `save` take a record and a file name.
+/// `load` and `save` take a record and a file name, which ends in `name`.
 template <class Record, class Load, class Save>
 void RoundTrip(const std::uint8_t* data, std::size_t size, const Record& fresh, Load load,
-               Save save) {
-  const std::string file = (FuzzFolder() / "input.txt").string();
+               Save save, const char* name = "input.txt") {
+  const std::string file = (FuzzFolder() / name).string();
   std::ofstream(file, std::ios::binary)
       .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
   Record first = fresh;

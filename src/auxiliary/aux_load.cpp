@@ -4,7 +4,6 @@
 
 #include <fmt/format.h>
 
-#include "core/tables.h"
 #include "model/input_file.h"
 
 namespace lomaris {
@@ -46,15 +45,6 @@ bool MarkNode(const AuxXSect& xsect, const AuxLoad& load) {
                            xsect.Node, LargestNode(load.Around.Hydro)),
        .Title = "Error"});
   return false;
-}
-
-bool ReadNames(const AuxLoad& load) {
-  const bool hasIntakes = TypeKey(load.Aux.FileName) == "POW";
-  for (std::int32_t i = 1; i <= load.Aux.NumXSect && !load.In.AtEnd(); ++i) {
-    load.Aux.XSect[i].Name = load.In.ReadWhole();
-    if (hasIntakes) load.Aux.XSect[i].IntakeName = load.In.ReadWhole();
-  }
-  return true;
 }
 
 }  // namespace lomaris

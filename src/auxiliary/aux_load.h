@@ -28,7 +28,4 @@ std::uint8_t CheckedByte(std::int16_t value);
 /// box names the network's largest node as the limit, which is what a person can look up.
 bool MarkNode(const AuxXSect& xsect, const AuxLoad& load);
 
-/// Takes the names at the file's end into the entries.
-bool ReadNames(const AuxLoad& load);
-
 }  // namespace lomaris

@@ -15,8 +15,16 @@ void AppendDescriptions(std::string& out, const AuxData& aux) {
   for (const std::string& line : aux.Description) AppendLine(out, Trim(JoinLines(line)));
 }
 
-void AppendPrintedRecord(std::string& out, ModelDateTime dateTime, Ui& ui) {
+DateFields StepRecord(ModelDateTime dateTime, Ui& ui) {
   const DateFields record = BrokenUpDate(dateTime, ui);
+  if (record.Year == kTerminatorYear) {
+    throw RuntimeError(ErrorNumber::Overflow, "a time step in the year 9999 would end the series");
+  }
+  return record;
+}
+
+void AppendPrintedRecord(std::string& out, ModelDateTime dateTime, Ui& ui) {
+  const DateFields record = StepRecord(dateTime, ui);
   AppendPrintedRow(out, record.Year, record.Month, record.Day, record.Hour);
 }
 

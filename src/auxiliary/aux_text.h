@@ -33,6 +33,10 @@ void ReserveSeries(std::string& out, const AuxData& aux, std::size_t valuesPerSt
 
 void AppendDescriptions(std::string& out, const AuxData& aux);
 
+/// The record of a time step. Error 6 for a date that no file can hold, and for one of the year
+/// that ends a series.
+DateFields StepRecord(ModelDateTime dateTime, Ui& ui);
+
 /// A time step record of printed numbers on its own line.
 void AppendPrintedRecord(std::string& out, ModelDateTime dateTime, Ui& ui);
 

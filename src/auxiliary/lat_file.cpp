@@ -7,6 +7,7 @@
 #include "auxiliary/aux_text.h"
 #include "auxiliary/step_progress.h"
 #include "auxiliary/time_series.h"
+#include "auxiliary/xsect_names.h"
 
 namespace lomaris {
 namespace {
@@ -144,7 +145,7 @@ void AppendLAT(std::string& out, AuxData& aux, const AuxSurroundings& around) {
   ReserveSeries(out, aux, xsects.size() * columns.size());
   StepProgress progress(around.Window, around.Screen, aux.NumTimes);
   for (std::int32_t step = 1; step <= aux.NumTimes; ++step) {
-    const DateFields record = BrokenUpDate(aux.Times[step], around.Screen);
+    const DateFields record = StepRecord(aux.Times[step], around.Screen);
     AppendRow(out, record.Year, record.Month, record.Day, record.Hour);
     for (const AuxXSect* xsect : xsects) AppendColumns(out, xsect->Values.Row(step), columns);
     progress.Step(step);

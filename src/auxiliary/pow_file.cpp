@@ -3,6 +3,7 @@
 #include "auxiliary/aux_text.h"
 #include "auxiliary/step_progress.h"
 #include "auxiliary/time_series.h"
+#include "auxiliary/xsect_names.h"
 
 namespace lomaris {
 namespace {

@@ -115,9 +115,10 @@ std::string JoinLines(std::string_view text) {
 }
 
 std::string Shown(std::string_view text, std::size_t most) {
-  if (text.size() <= most) return std::string(text);
-  while (most > 0 && IsInsideCharacter(text[most])) --most;
-  return std::string(text.substr(0, most)) + "...";
+  const bool fits = text.size() <= most;
+  while (!fits && most > 0 && IsInsideCharacter(text[most])) --most;
+  const std::string shown = ReplaceAll(text.substr(0, most), {"\0", 1}, "\u2400");
+  return fits ? shown : shown + "...";
 }
 
 std::string_view LastField(std::string_view field) {

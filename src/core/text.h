@@ -60,7 +60,8 @@ T Min(T a, T b) {
 }
 
 /// The text as a message shows it: a longer one is cut behind `most` bytes, at a whole character,
-/// so that a damaged file makes no box of megabytes.
+/// so that a damaged file makes no box of megabytes, and zero bytes, which would end it, have a
+/// sign.
 std::string Shown(std::string_view text, std::size_t most = 2000);
 
 /// Splits `text`, its trailing delimiters removed, at each `delimiter` into at most `capacity`

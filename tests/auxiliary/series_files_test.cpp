@@ -121,5 +121,242 @@ TEST_F(AuxFiles, ListTheNamesOfInactiveCrossSectionsToo) {
             " 9999 \t 1 \t 1 \t 0 \r\nHead\r\nBrook\r\n");
 }
 
+TEST_F(AuxFiles, LegacyHeatLoadsAreWithdrawnFromTheNextNodeUpstream) {
+  const std::string line = " 2 \t 1 \t 2 \t 3 \t 4 \t 1 ";
+  for (const char* legacy : {" 2 \t 1 \t 2", "\t2\t1\t2\t\t", "2\t1\t2\t3\t4"}) {
+    ui_.Messages.clear();
+    ASSERT_TRUE(Load("c.pow", ReplaceAll(kPOW, line, legacy)));
+    ASSERT_EQ(ui_.Messages.size(), 1U);
+    EXPECT_EQ(ui_.Messages[0].Title, "Warning");
+    EXPECT_EQ(ui_.LastMessage(),
+              "Lomaris has detected that this is a legacy POW file which does not contain "
+              "withdrawal cross section names. By default, the next upstream cross section is "
+              "assigned. Please review these and save the file so that it can be properly read by "
+              "Vesk.");
+    EXPECT_TRUE(aux_.Modified);
+    EXPECT_THAT(Shape(aux_), HasSubstr("| 2 Mill 1 Head s1 *1 *2 10 s2 *1 *1 71.5 of 2"));
+  }
+  ASSERT_TRUE(Save() && Load("c.pow"));
+  EXPECT_EQ(ui_.Messages.size(), 1U) << "a saved file is no legacy file any more";
+  EXPECT_FALSE(aux_.Modified);
+}
+
+std::string Notice(const std::string& read, const std::string& header) {
+  return "The number of time steps read from this file (" + read +
+         ") was not equal to the number specified in the file header (" + header +
+         "). Lomaris has adopted the number of steps actually read as the correct value. Remember "
+         "to resave this file to correct this mismatch, or create a new file with the correct "
+         "number of time steps.";
+}
+
+TEST_F(AuxFiles, TheStepsThatWereReadCount) {
+  const std::string head = "\n\n\n";
+  const std::string steps = "2 1 0\n1 1 1\n2000 1 1 0\n5\n2000 1 1 1\n6\n";
+  const std::array<std::string, 3> rows[] = {
+      // text, header's number, number read
+      {"2 1 0\n1 1 1\n", "2", "0"},
+      {steps + "2000 1 1 2\n7", "2", "3"},
+      {ReplaceAll(steps, "2 1 0\n1", "1000000000 1 0\n1"), "1000000000", "2"},
+      {ReplaceAll(steps, "6\n", ""), "2", "1"},
+      {ReplaceAll(steps, "6\n", " \t\r\n\n"), "2", "1"},
+      {ReplaceAll(steps, "2000 1 1 1\n", "9999 1 1 0\nMill\n"), "2", "1"}};
+  for (const auto& [text, header, read] : rows) {
+    ui_.Messages.clear();
+    ASSERT_TRUE(Load("b.wit", head + text)) << ui_.LastMessage();
+    ASSERT_FALSE(ui_.Messages.empty());
+    EXPECT_EQ(ui_.Messages[0].Text, Notice(read, header));
+    EXPECT_EQ(ui_.Messages[0].Title, "Notice");
+    EXPECT_TRUE(aux_.Modified);
+    EXPECT_EQ(NumberText(aux_.NumTimes), read);
+    EXPECT_EQ(aux_.Times.Count(), aux_.NumTimes);
+    EXPECT_EQ(aux_.XSect[1].Values.Times(), aux_.NumTimes);
+  }
+}
+
+TEST_F(AuxFiles, HoldNoMoreStepsThanAGridCanShow) {
+  AuxData aux;
+  std::string limits;
+  for (const auto& [xsects, constituents] : {std::pair{40, 16}, {1, 0}, {0, 0}, {2, 1}, {1, 17}}) {
+    aux.NumXSect = xsects;
+    aux.NumConst = constituents;
+    limits += NumberText(MaxSteps(aux)) + ' ';
+  }
+  EXPECT_EQ(limits, "8333 116667 116667 87500 17500 ");
+
+  std::string head = "\n\n\n0 500 0\n", step = "2000 1 1 0\n";
+  for (int i = 1; i <= 500; ++i) {
+    head += NumberText(i) + " 1 1\n";
+    step += "1 ";
+  }
+  std::string text;
+  for (int i = 1; i <= 697; ++i) text += step + "\n";
+  ASSERT_TRUE(Load("b.wit", head + text + "9999 1 1 0\n")) << "697 is 350000 / 502";
+  const AuxData before = aux_;
+  EXPECT_FALSE(Load("b.wit", head + text + "2000 1 1 0\n"));
+  EXPECT_EQ(ui_.LastMessage(),
+            "You have exceeded the maximum number of allowable time steps (697). You cannot edit "
+            "this file using Lomaris. Sorry.");
+  EXPECT_EQ(aux_.Times, before.Times);
+  EXPECT_FALSE(aux_.Modified);
+  EXPECT_THAT(window_.Log, testing::EndsWith("free closed "));
+}
+
+struct BadFile {
+  const char* Name;
+  std::string From;  ///< in the sound file of that kind
+  std::string To;
+  const char* Line;
+  std::string Error;
+  std::string LastLine;
+};
+
+TEST_F(AuxFiles, ABadFileIsReportedWithItsLineAndLeavesTheRecord) {
+  const std::string mismatch = "Type mismatch: ", past = "Input past end of file";
+  const std::string ends = past + ": the file ends before all that it announces";
+  const BadFile rows[] = {
+      {"a.lat", "2\t2\t1\t2", "2\tx\t1\t2", "5", mismatch + "\"x\" is not a number",
+       "2<TAB>x<TAB>1<TAB>2"},
+      {"a.lat", "2\t2\t1\t2", "2\t1000000000\t1\t2", "5",
+       "Subscript out of range: 1000000000 is not within 0 to 500", "2<TAB>1000000000<TAB>1<TAB>2"},
+      {"a.lat", "2\t2\t1\t2", "-2 2 1 2", "5",
+       "Subscript out of range: -2 is not within 0 to 2147483647", "-2 2 1 2"},
+      {"a.lat", "2\t2\t1\t2", "2 2 1 -1", "5", "Subscript out of range: -1 is not within 0 to 16",
+       "2 2 1 -1"},
+      {"a.lat", "2\t2\t1\t2", "2 2 256 2", "5", "Overflow: 256 is not within 0 to 255",
+       "2 2 256 2"},
+      {"a.lat", "2\t2\t1\t2", "3000000000 2 1 2", "5", "Overflow: \"3000000000\" is too large",
+       "3000000000 2 1 2"},
+      {"a.lat", " 10 \r\n", " 1 \r\n", "9", "Subscript out of range: constituent 1 stands twice",
+       " 1 "},
+      {"a.lat", "-1\r\n1", "-1\r\n1e39", "13", "Overflow: \"1e39\" is too large",
+       "Error reading cross section 1"},
+      {"a.lat", "17", "1,,7", "18", mismatch + "\"\" is not a number", "1997<TAB>5<TAB>1<TAB>0"},
+      {"a.lat", "17.5", std::string("1\0", 2), "21", mismatch + "\"1\u2400\" is not a number",
+       "1997<TAB>5<TAB>1<TAB>13.33333"},
+      {"a.lat", "1997\t5\t1\t13", "0\t5\t1\t13", "21", mismatch + "the time step has no valid date",
+       "0<TAB>5<TAB>1<TAB>13.33333"},
+      {"b.wit", "5\t-6", "5\tnan", "10", mismatch + "\"nan\" is not a number",
+       " 1998 <TAB> 1 <TAB> 1 <TAB> 1 "},
+      {"b.wit", "1 \t 1 \t 1 \r\n5", "1 \t x \t 1 \r\n5", "10", mismatch + "\"x\" is not a number",
+       " 1998 <TAB> 1 <TAB> x <TAB> 1 "},
+      {"c.pow", "71.5", "71.5.", "9", mismatch + "\"71.5.\" is not a number",
+       "Last date-time was: 05/01/97 00:00"},
+      {"c.pow", " 1 \t 2 \t 1 \t 1 \r\n", "1 2 1 1\r\n", "5",
+       mismatch + "\"1 2 1 1\" is not a number", "1 2 1 1"},
+      {"c.pow", " 4 \t 1 \r\n", "4\t5\t6\t7\t8\t9\t10\t11\r\n", "6", "Subscript out of range",
+       " 2 <TAB> 1 <TAB> 2 <TAB> 3 <TAB>4<TAB>5<TAB>6<TAB>7<TAB>8<TAB>9<TAB>10<TAB>11"},
+  };
+  ASSERT_TRUE(Load("a.lat", kLAT));
+  for (const BadFile& row : rows) {
+    const std::string& sound = row.Name[0] == 'a' ? kLAT : row.Name[0] == 'b' ? kWIT : kPOW;
+    AuxData before = aux_;
+    before.FileName = row.Name;
+    aux_.Modified = true;
+    window_.Log.clear();
+    EXPECT_FALSE(Load(row.Name, ReplaceAll(sound, row.From, row.To))) << row.From << row.To;
+    EXPECT_EQ(ui_.LastMessage(), std::string("Following error occurred on line ") + row.Line +
+                                     " of file " + row.Name + "\r\n\r\n" + row.Error +
+                                     "\r\n\r\nLast line read was: " + row.LastLine +
+                                     "\r\n\r\nInput aborted.");
+    EXPECT_EQ(ui_.Messages.back().Title, "Error");
+    EXPECT_EQ(aux_, before);
+    EXPECT_EQ(window_.Log, "busy bar locked no-bar idle free closed ");
+  }
+  const std::size_t header = kLAT.find("35.31467");
+  for (std::size_t end = kLAT.find('\r'); end < header; end = kLAT.find('\r', end + 1)) {
+    EXPECT_FALSE(Load("a.lat", kLAT.substr(0, end)));
+    EXPECT_THAT(ui_.LastMessage(), HasSubstr(ends)) << end;
+  }
+}
+
+TEST_F(AuxFiles, DamageIsToldAtOnceHoweverLargeItIs) {
+  std::string binary;
+  for (unsigned i = 0; i < 1U << 20; ++i) binary += static_cast<char>(i * 7919U >> 4);
+  std::string badHours = "\n\n\n2 1 0\n1 1 1\n";
+  for (int i = 0; i < 1000; ++i) badHours += "2000 1 1 25\n5\n";
+  for (const char* name : {"a.lat", "b.wit", "c.pow"}) {
+    for (const std::string& text :
+         {binary, std::string(1 << 22, '7'), "\n\n\n" + std::string(1 << 22, '\t'),
+          std::string(1 << 22, '\n'), badHours}) {
+      ui_.Messages.clear();
+      EXPECT_FALSE(Load(name, text));
+      EXPECT_THAT(ui_.LastMessage(), HasSubstr("Input aborted."));
+      EXPECT_LE(ui_.Messages.size(), 21U);
+      EXPECT_LT(ui_.LastMessage().size(), 7000U);
+    }
+  }
+}
+
+TEST_F(AuxFiles, ANodeOutsideTheRangeEndsTheLoad) {
+  for (const auto& [name, text, node] :
+       {std::array<std::string, 3>{"a.lat", ReplaceAll(kLAT, " 4 \r\n", " 501 \r\n"), "501"},
+        {"b.wit", ReplaceAll(kWIT, " 3 \t-1", " 0 \t-1"), "0"},
+        {"c.pow", ReplaceAll(kPOW, " 4 \t 1 \t 1", "-4 \t 1 \t 1"), "-4"}}) {
+    EXPECT_FALSE(LoadHeader(folder_.Write(name, text)));
+    EXPECT_EQ(ui_.Messages.back().Title, "Error");
+    EXPECT_EQ(ui_.LastMessage(),
+              "Node number " + node +
+                  " was found in this auxiliary file. This is outside the range of node numbers "
+                  "found in the HNP file (1 to 4). This probably occurred because the LAT file was "
+                  "editted outside of Lomaris or because this auxiliary file is from a different "
+                  "modeling project.");
+  }
+}
+
+TEST_F(AuxFiles, AFileThatIsNotThereMayBeCreated) {
+  ui_.Answers = {Answer::No, Answer::Yes};
+  EXPECT_FALSE(Load("new.lat"));
+  EXPECT_EQ(window_.Log, "closed ");
+  EXPECT_EQ(folder_.Entries(), "");
+  EXPECT_FALSE(Load("new.lat"));
+  EXPECT_EQ(ui_.LastMessage(), "File new.lat does not exist.\r\n\r\nDo you want to create it?");
+  EXPECT_EQ(ui_.Messages.back().Title, "Edit Auxiliary File");
+  EXPECT_EQ(folder_.Entries(), "new.lat");
+  EXPECT_FALSE(Load("new.lat")) << "and is empty";
+  EXPECT_EQ(ui_.Messages.size(), 2U);
+  EXPECT_EQ(window_.Log, "closed ");
+}
+
+TEST_F(AuxFiles, TheWindowShowsTheWorkAndCanBeGivenUp) {
+  ASSERT_TRUE(Load("c.pow", kPOW));
+  EXPECT_EQ(window_.Log, "busy bar locked no-bar idle free ");
+  EXPECT_EQ(window_.Percent, 100);
+  window_.Log.clear();
+  ASSERT_TRUE(Save());
+  EXPECT_EQ(window_.Log, "busy bar no-bar idle ");
+  window_.PollsToCancel = 1;
+  EXPECT_FALSE(Load("a.lat", kLAT));
+  EXPECT_EQ(window_.Percent, 50);
+  EXPECT_THAT(window_.Log, testing::EndsWith("free closed "));
+  EXPECT_TRUE(ui_.Messages.empty());
+}
+
+TEST_F(AuxFiles, WhatCannotBeWrittenLeavesTheOldFile) {
+  ASSERT_TRUE(Load("a.lat", kLAT));
+  const AuxData sound = aux_;
+  const auto refuses = [&](auto damage, const std::string& message) {
+    aux_ = sound;
+    aux_.Modified = true;
+    damage();
+    ui_.Answers = {Answer::Abort, Answer::Abort};
+    EXPECT_FALSE(Save());
+    EXPECT_THAT(ui_.LastMessage(), HasSubstr(message));
+    EXPECT_TRUE(aux_.Modified);
+    EXPECT_EQ(folder_.Read("a.lat"), kLAT);
+  };
+  refuses([&] { aux_.XSect[2].Node = 501; }, "501 is not within 1 to 500");
+  refuses([&] { aux_.NumTimes = 3; }, "3 is not within 1 to 2");
+  refuses([&] { aux_.XSect[2].Values = {}; }, "1 is not within a series of 0 steps");
+  refuses([&] { aux_.Times[1] = 1e9; }, "a date that no file can hold");
+  refuses([&] { aux_.Times[2] = *DateSerial(9999, 1, 1); }, "year 9999 would end the series");
+  refuses([&] { aux_.XSect[1].Values(1, 1) = 1 / aux_.Latitude; }, "not a finite number");
+  aux_ = sound;
+  aux_.XSect[1].Node = 4;
+  aux_.XSect[2].Node = 2;
+  MarkNodesOfEntries(aux_);
+  ASSERT_TRUE(Save());
+  EXPECT_THAT(folder_.Read("a.lat"), HasSubstr("2\t2\t1\t2\r\n 4 \r\n 2 \r\n"));
+}
+
 }  // namespace
 }  // namespace lomaris
