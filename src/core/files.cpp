@@ -217,6 +217,15 @@ bool SameFile(std::string_view one, std::string_view other, std::string_view bes
   return first && second && fs::equivalent(*first, *second, error);
 }
 
+FileStamp StampOf(std::string_view name, std::string_view besideFile) {
+  const auto path = FindFile(name, besideFile);
+  std::error_code error;
+  const auto size = path ? fs::file_size(*path, error) : 0;
+  if (!path || error) return {};
+  const auto time = fs::last_write_time(*path, error);
+  return error ? FileStamp{} : FileStamp{size, time.time_since_epoch().count()};
+}
+
 std::string TargetPath(std::string_view name, std::string_view besideFile) {
   // What is found in the current directory alone may belong to another project.
   fs::path path = PlatformPath(Trim(name));

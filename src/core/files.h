@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,16 @@ std::optional<std::string> FindFile(std::string_view name, std::string_view besi
 /// Whether two names mean one existing file, each looked up as by `FindFile`: however they are
 /// spelt, and through links.
 bool SameFile(std::string_view one, std::string_view other, std::string_view besideFile = {});
+
+/// Tells whether a file was written since: its size and the time of its last change, 0 when there
+/// is no such file.
+struct FileStamp {
+  std::uintmax_t Size = 0;
+  std::int64_t Time = 0;  ///< ticks of the file system's clock
+
+  bool operator==(const FileStamp&) const = default;
+};
+FileStamp StampOf(std::string_view name, std::string_view besideFile = {});
 
 /// The path that a save to `name` writes: the existing file that it means without regard to case,
 /// else the name with the separators of this platform. A name that is not absolute lies in the

@@ -49,6 +49,18 @@ bool Agreed(Ui& ui, const char* warning) {
                          .BoxButtons = Buttons::OkCancel}) == Answer::Ok;
 }
 
+/// Whether the place of a cross section is another one's now. A new name in the same place is the
+/// same cross section, unless one of the two names stands or stood elsewhere.
+bool IsAnother(const BranchRec& before, const std::vector<XSectRec>& now, std::int32_t number) {
+  if (number < 1 || number > before.XSectCount || number > std::ssize(now)) return false;
+  const std::string& was = before.XSects[number].Name;
+  const std::string& is = now[static_cast<std::size_t>(number - 1)].Name;
+  const auto has = [](const auto& xsects, const std::string& name) {
+    return std::ranges::any_of(xsects, [&](const XSectRec& each) { return each.Name == name; });
+  };
+  return was != is && (has(now, was) || has(before.XSects, is));
+}
+
 /// Puts the record's name into the project, where it names another file. True when it did.
 bool Overwrite(std::string& projects, const std::string& records) {
   if (NormaliseFileName(projects, true) == NormaliseFileName(records, true)) return false;
@@ -83,21 +95,28 @@ void HydroDesk::ListAndShow(int entry) {
 
 void HydroDesk::ShowEntry(int entry) {
   branch_ = entry < 0 ? 0 : listed_.at(static_cast<std::size_t>(entry));
-  if (branch_ > 0) CompareBoundaryFiles();
+  CompareBoundaryFiles();
   ShowBranch(branch_ > 0 ? BranchFormOf(Hydro(), branch_) : BranchForm());
   FillXSects(xsects_, branch_ > 0 ? Hydro().Branches[branch_] : BranchRec());
 }
 
+/// Of all branches together: a file that names its branches out of order has their boundary files
+/// crosswise, and one branch alone would put a name into the project twice.
 void HydroDesk::CompareBoundaryFiles() {
+  const HydroInput& hydro = Hydro();
   ProjectData& project = Project();
-  const BranchRec& branch = Hydro().Branches[branch_];
-  if (project.BCFilesH.UpperBound() < branch_) project.BCFilesH.Resize(branch_);
-  BranchBCFiles& files = project.BCFilesH[branch_];
-  const bool upstream = Overwrite(files.Upstream, branch.USFile);
-  const bool downstream = Overwrite(files.Downstream, branch.DSFile);
-  if (!upstream && !downstream) return;
-  project.BCCountH = Max(project.BCCountH, static_cast<std::int16_t>(branch_));
+  bool changed = false;
+  if (project.BCFilesH.UpperBound() < hydro.BranchCount) project.BCFilesH.Resize(hydro.BranchCount);
+  for (std::int16_t i = 1; i <= hydro.BranchCount; ++i) {
+    const bool upstream = Overwrite(project.BCFilesH[i].Upstream, hydro.Branches[i].USFile);
+    const bool downstream = Overwrite(project.BCFilesH[i].Downstream, hydro.Branches[i].DSFile);
+    if (!upstream && !downstream) continue;
+    project.BCCountH = Max(project.BCCountH, i);
+    changed = true;
+  }
+  if (!changed) return;
   project.Dirty = true;
+  if (!own_) around_.Windows.RefreshProjectWindow();
 }
 
 bool HydroDesk::SelectBranch(int entry) {
@@ -116,8 +135,9 @@ bool HydroDesk::StoreBranch() {
   return Run("StoreBranch", [&] { return TakeBranch(); });
 }
 
-void HydroDesk::WarnOfCoefficient(const BranchForm& form) {
-  if (form.DSType != kDSRatingCurve || NumericValue(form.DSAngle) > 0) return;
+void HydroDesk::WarnOfCoefficient() {
+  const BranchRec& branch = Hydro().Branches[branch_];
+  if (branch.DSType != 'R' || branch.DSValue > 0) return;
   Tell("For branch '" + Hydro().Branches[branch_].Name +
            "' you indicated that a rating curve is to be used as the downstream boundary "
            "condition, however, the coefficient a was set to a number less than or equal to zero. "
@@ -125,12 +145,16 @@ void HydroDesk::WarnOfCoefficient(const BranchForm& form) {
        "Warning");
 }
 
-/// The cross section that another branch flows into is known by its number.
-void HydroDesk::ResetBranchesInto(int branch) {
+/// The cross section that another branch flows into is known by its number. As many rows out as in
+/// leave their count alone, but not always what stands in a row.
+void HydroDesk::ResetBranchesInto(int branch, const std::vector<XSectRec>& xsects) {
   HydroInput& hydro = Hydro();
+  const BranchRec& before = hydro.Branches[branch];
+  const bool counted = std::ssize(xsects) != before.XSectCount;
   for (int i = 1; i <= hydro.BranchCount; ++i) {
     BranchRec& other = hydro.Branches[i];
     if (i == branch || other.DSBranch != branch || other.DSXSect <= 1) continue;
+    if (!counted && !IsAnother(before, xsects, other.DSXSect)) continue;
     other.DSXSect = 0;
     Tell("You inserted or deleted some rows in this branch, but the branch called \"" + other.Name +
              "\" discharges into it. Because the downstream cross section number may have changed "
@@ -148,17 +172,15 @@ void HydroDesk::CheckRecord() const {
                      "the network in memory is no longer the one on view, " + asOpened_.FileName);
 }
 
-/// The rows come last: when one is refused, the branch keeps its cross sections as they were.
+/// A refused row or field leaves the branch, and those that flow into it, as they were.
 bool HydroDesk::TakeBranch() {
   CheckRecord();
   if (branch_ == 0) return true;
   BranchRec& branch = Hydro().Branches[branch_];
-  const BranchForm form = view_.Branch();
-  WarnOfCoefficient(form);
-  if (!StoreBranchFields(form, branch_, branch, around_.Screen)) return false;
-  if (FilledRows(xsects_) != branch.XSectCount) ResetBranchesInto(branch_);
   std::optional<std::vector<XSectRec>> xsects = XSectsIn(xsects_, branch, around_.Screen);
-  if (!xsects) return false;
+  if (!xsects || !StoreBranchFields(view_.Branch(), branch_, branch, around_.Screen)) return false;
+  WarnOfCoefficient();
+  ResetBranchesInto(branch_, *xsects);
   TakeXSects(*std::move(xsects));
   return true;
 }
@@ -268,6 +290,7 @@ void HydroDesk::AppendBranch(const std::string& name) {
   hydro.Dirty = true;
   project.Dirty = true;
   listed_.push_back(hydro.BranchCount);
+  if (!own_) around_.Windows.RefreshProjectWindow();
 }
 
 void HydroDesk::AddBranch() {

@@ -12,8 +12,8 @@
 #include "editors/xsect_sheet.h"
 #include "model/file_names.h"
 #include "model/hnp_file.h"
+#include "model/network_in_memory.h"
 #include "model/new_network.h"
-#include "model/unsaved_network.h"
 #include "model/xsg_file.h"
 
 namespace lomaris {
@@ -71,7 +71,8 @@ bool HydroDesk::LoadNetwork(const std::string& fileName) {
   if (waits) return true;
   if (!SaveNetworkFirst(hydro, Project(), around_.Screen)) return false;
   HydroInput loaded;
-  if (!LoadHNPFile(loaded, Project(), around_.Screen, fileName)) return false;
+  const NamesFrom names = own_ ? NamesFrom::File : NamesFrom::Project;
+  if (!LoadHNPFile(loaded, Project(), around_.Screen, fileName, names)) return false;
   if (!loaded.HydroLoaded) {
     loaded = NewNetwork(Today(), Today() + kDaysOfNewNetwork);
     loaded.FileName = fileName;
@@ -97,18 +98,26 @@ bool HydroDesk::Open(const std::string& fileName, bool aside) {
     std::unique_ptr<OwnRecords> records;
     if (aside) records = std::make_unique<OwnRecords>(OwnRecords{around_.Project, {}});
     own_.swap(records);
+    const HydroInput before = Hydro();
     if (!LoadNetwork(fileName)) {
+      Hydro() = before;
       own_.swap(records);
       if (open_) ShowAll();  // without the changes that were given up
       return false;
     }
     view_.SetCaption(HydroCaption(fileName));
-    asOpened_ = Hydro();
     open_ = true;
     LoadLibrary();
     ShowAll();
+    KeepAsOpened();
     return true;
   });
+}
+
+void HydroDesk::KeepAsOpened() {
+  asOpened_ = Hydro();
+  projectAsOpened_ = Project();
+  file_.Note(asOpened_.FileName, projectAsOpened_.FileName);
 }
 
 void HydroDesk::ShowForm(const HydroForm& form) {
@@ -129,9 +138,47 @@ void HydroDesk::ShowAll() {
 bool HydroDesk::MayDropChanges() {
   if (!Hydro().Dirty) return true;
   const Answer answer = AskToSaveNetwork(around_.Screen);
-  if (answer == Answer::Yes) return Write(false);
-  if (answer == Answer::No) Hydro() = asOpened_;
+  if (answer == Answer::Yes) return SaveOnTheWay();
+  if (answer == Answer::No) GiveUp();
   return answer == Answer::No;
+}
+
+/// The project may name another network by now, and be the reason why this one goes: its choice
+/// stands then.
+bool HydroDesk::SaveOnTheWay() {
+  const ProjectData before = Project();
+  const std::string name = Hydro().FileName;
+  if (!Write(false)) return false;
+  const bool namesAnother = !name.empty() && NamesAFile(before.HydroFile) &&
+                            before.HydroFile != name &&
+                            !SameFile(before.HydroFile, name, before.FileName);
+  if (!namesAnother) return true;
+  Project() = before;
+  around_.Windows.RefreshProjectWindow();
+  return true;
+}
+
+/// What this window has put into the project goes out again with the changes, where the project
+/// still says it.
+void HydroDesk::GiveUp() {
+  ProjectData& project = Project();
+  const auto takeBack = [](std::string& projects, const std::string& given,
+                           const std::string& before) {
+    if (NormaliseFileName(projects, true) == NormaliseFileName(given, true)) projects = before;
+  };
+  for (int i = 1; i <= Hydro().BranchCount && i <= project.BCFilesH.Count(); ++i) {
+    const BranchRec before = i <= asOpened_.BranchCount ? asOpened_.Branches[i] : BranchRec();
+    takeBack(project.BCFilesH[i].Upstream, Hydro().Branches[i].USFile, before.USFile);
+    takeBack(project.BCFilesH[i].Downstream, Hydro().Branches[i].DSFile, before.DSFile);
+  }
+  const ProjectData& before = projectAsOpened_;
+  if (project.BCFilesH == before.BCFilesH) project.BCCountH = before.BCCountH;
+  if (project.BCFilesQ == before.BCFilesQ) project.BCCountQ = before.BCCountQ;
+  Hydro() = asOpened_;
+  ProjectData now = project;
+  now.Dirty = before.Dirty;
+  if (now == before) project.Dirty = before.Dirty;
+  around_.Windows.RefreshProjectWindow();
 }
 
 bool HydroDesk::QueryUnload() {
@@ -163,16 +210,16 @@ bool HydroDesk::Write(bool saveAs) {
   HydroInput& hydro = Hydro();
   ProjectData& project = Project();
   const std::string name = NameToSaveUnder(saveAs);
-  if (name.empty() || !TakeAll() || !SaveHNPFile(hydro, project, around_.Screen, name)) {
-    return false;
-  }
+  if (name.empty() || !TakeAll()) return false;
+  if (!saveAs && !file_.MayOverwrite(name, project.FileName, around_.Screen)) return false;
+  if (!SaveHNPFile(hydro, project, around_.Screen, name)) return false;
   const bool otherLibrary = asOpened_.XSGFile != hydro.XSGFile;
   hydro.HydroLoaded = true;
-  asOpened_ = hydro;
   const std::string caption = view_.Caption();
   view_.SetCaption(caption.substr(0, caption.find('-')) + "- " + name);
   if (std::exchange(project.HydroFile, name) != name) project.Dirty = true;
   if (own_) ForgetSharedCopy(name);
+  KeepAsOpened();
   around_.Windows.RefreshProjectWindow();
   if (otherLibrary) LoadLibrary();
   return true;
@@ -187,12 +234,13 @@ void HydroDesk::ForgetSharedCopy(const std::string& fileName) {
 }
 
 /// Changes given up later must not bring the old names back.
-void HydroDesk::LookupRenamed(const std::string& from, const std::string& to) {
+void HydroDesk::LookupsRenamed(const std::string& from, const std::string& to,
+                               const std::vector<std::string>& xsects) {
   if (!EditsNetwork()) return;
-  Run("LookupRenamed", [&] {
-    if (RenameLookups(asOpened_, from, to)) asOpened_.Dirty = true;
+  Run("LookupsRenamed", [&] {
+    if (!RenameLookups(asOpened_, from, to, xsects).empty()) asOpened_.Dirty = true;
     RenameSections(library_, from, to);
-    RenameLookups(xsects_, from, to);
+    RenameLookups(xsects_, from, to, xsects);
     return true;
   });
 }
@@ -206,6 +254,7 @@ void HydroDesk::LibrarySaved(const std::string& fileName) {
 }
 
 void HydroDesk::DatesChanged() {
+  if (showing_) return;
   Run("DTPicker_Change", [&] {
     HydroForm form = view_.Form();
     form.SimPeriod = SimPeriodText(form.StartDate, form.EndDate);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "editors/hydro_view.h"
+#include "editors/opened_file.h"
 #include "editors/surroundings.h"
 #include "model/xsect_library.h"
 #include "spreadsheet/sheet.h"
@@ -44,6 +45,9 @@ class HydroDesk {
   /// Whether what is open here is the network in memory.
   bool EditsNetwork() const { return open_ && !own_; }
 
+  /// The file that is open here; empty for a new one.
+  std::string FileName() const { return open_ ? Hydro().FileName : std::string(); }
+
   /// False: not saved. The user has been told why, or has cancelled.
   bool Save(bool saveAs);
 
@@ -80,8 +84,9 @@ class HydroDesk {
   void RunBoundary(BoundaryAction action, bool isUpstream);
 
   /// A section of the library has got another name, and so have the look-ups of the network in
-  /// memory.
-  void LookupRenamed(const std::string& from, const std::string& to);
+  /// memory: of these cross sections, or of all that had the old one.
+  void LookupsRenamed(const std::string& from, const std::string& to,
+                      const std::vector<std::string>& xsects);
   /// A library was written: it may be the one that the look-ups refer to.
   void LibrarySaved(const std::string& fileName);
 
@@ -109,6 +114,9 @@ class HydroDesk {
   void LoadLibrary();
   void Tell(const std::string& text, const std::string& title);
   bool MayDropChanges();
+  bool SaveOnTheWay();
+  void GiveUp();
+  void KeepAsOpened();
   bool LoadNetwork(const std::string& fileName);
   void ShowForm(const HydroForm& form);
   void ShowAll();
@@ -125,8 +133,8 @@ class HydroDesk {
   void CompareBoundaryFiles();
   void CheckRecord() const;
   bool TakeBranch();
-  void WarnOfCoefficient(const BranchForm& form);
-  void ResetBranchesInto(int branch);
+  void WarnOfCoefficient();
+  void ResetBranchesInto(int branch, const std::vector<XSectRec>& xsects);
   void TakeXSects(std::vector<XSectRec> xsects);
   void AppendBranch(const std::string& name);
   int Entry() const;
@@ -138,11 +146,13 @@ class HydroDesk {
   Sheet results_;
   Sheet xsects_;
   XSectLibrary library_;
-  HydroInput asOpened_;      ///< the network as it was opened or saved last
-  std::vector<int> listed_;  ///< numbers of the branches in `cboBranchH`
-  int branch_ = 0;           ///< number of the branch on view; 0 for none
-  bool showing_ = false;     ///< what changes in the window now is our own doing
-  bool open_ = false;        ///< the window shows a network
+  OpenedFile file_;
+  HydroInput asOpened_;          ///< the network as it was opened or saved last
+  ProjectData projectAsOpened_;  ///< the project at that moment
+  std::vector<int> listed_;      ///< numbers of the branches in `cboBranchH`
+  int branch_ = 0;               ///< number of the branch on view; 0 for none
+  bool showing_ = false;         ///< what changes in the window now is our own doing
+  bool open_ = false;            ///< the window shows a network
 };
 
 }  // namespace lomaris

@@ -61,6 +61,13 @@ HydroForm FormOf(const HydroInput& hydro) {
 
 bool StoreForm(const HydroForm& form, HydroInput& hydro, Ui& ui) {
   HydroInput taken = hydro;
+  for (const std::string* field : {&form.Theta, &form.Tolerance, &form.Beta, &form.MileAtBottom,
+                                   &form.Gravity, &form.SeedYear}) {
+    if (!Trim(*field).empty()) continue;
+    ui.ShowMessage(
+        {.Text = "A run parameter is missing; please enter a number.", .Title = "Error"});
+    return false;
+  }
   if (!TakeNumber(taken.Theta, form.Theta, "Theta", ui) ||
       !TakeNumber(taken.Tolerance, form.Tolerance, "Tolerance", ui) ||
       !TakeNumber(taken.Beta, form.Beta, "Beta", ui) ||

@@ -9,8 +9,7 @@
 #include "core/save_file.h"
 #include "editors/lookup_names.h"
 #include "editors/typed_values.h"
-#include "model/hnp_file.h"
-#include "model/unsaved_network.h"
+#include "model/network_in_memory.h"
 #include "model/xsg_file.h"
 
 namespace lomaris {
@@ -116,6 +115,8 @@ bool LibraryDesk::Open(const std::string& fileName) {
     loaded.FileName = fileName;
     if (!LoadXSGFile(loaded, around_.Project, around_.Screen, fileName)) return false;
     library_ = std::move(loaded);
+    renames_.clear();
+    file_.Note(fileName, around_.Project.FileName);
     view_.SetCaption(LibraryCaption(fileName));
     const RaisedFlag ownChange(showing_);
     view_.ShowTitle(JoinedTitle(library_));
@@ -177,6 +178,17 @@ bool LibraryDesk::TakePoints(std::vector<XSectPoint>& points) {
   return true;
 }
 
+/// Points as they came from the file are left alone: a library of another program can be looked
+/// through, and its other sections edited.
+bool LibraryDesk::FaultsPass(const std::vector<XSectPoint>& points) {
+  const LibrarySection& before = library_.XSects[number_];
+  const std::vector<PointFault> faults = PointFaults(points);
+  if (faults.empty() || std::ranges::equal(points, before.Points)) return true;
+  around_.Screen.ShowMessage(
+      {.Text = faults.front().Text, .Title = "Error in Cross Section " + before.Name});
+  return false;
+}
+
 /// Stores the entry on view. False, having told it, when a point is refused; the entry is then as
 /// it was.
 bool LibraryDesk::TakeEntry() {
@@ -184,12 +196,7 @@ bool LibraryDesk::TakeEntry() {
   LibrarySection& section = library_.XSects[number_];
   std::vector<XSectPoint> points;
   if (!TakePoints(points)) return false;
-  const std::vector<PointFault> faults = PointFaults(points);
-  if (!faults.empty()) {
-    around_.Screen.ShowMessage(
-        {.Text = faults.front().Text, .Title = "Error in Cross Section " + section.Name});
-    return false;
-  }
+  if (!FaultsPass(points)) return false;
   section.Description = view_.Description();
   section.PointCount = static_cast<std::int32_t>(points.size());
   section.Points = BoundedArray<XSectPoint>(1, section.PointCount);
@@ -211,26 +218,45 @@ bool LibraryDesk::SelectEntry(int entry) {
 }
 
 bool LibraryDesk::Write(bool saveAs) {
+  const ProjectData& project = around_.Project;
   std::string name = library_.FileName;
   if (saveAs || name.empty()) {
     name = SaveFile(around_.SharedTables.FileFilter[kLibraryFilter], "*.xsg", 0, "Save As",
                     around_.Project.FileName, around_.Screen, around_.Store);
   }
-  if (name != library_.FileName && around_.Windows.HasWindow(LibraryCaption(name))) {
+  if (name.empty() || !TakeEntry()) return false;
+  if (name == library_.FileName) {
+    if (!file_.MayOverwrite(name, project.FileName, around_.Screen)) return false;
+  } else if (around_.Windows.EditsFile(name) &&
+             !SameFile(name, library_.FileName, project.FileName)) {
     around_.Screen.ShowMessage({.Text = kOpenOnce});
     return false;
   }
-  if (name.empty() || !TakeEntry()) return false;
   TakeTitle(library_, view_.Title());
   if (!SaveXSGFile(library_, around_.Project, around_.Screen, name)) return false;
   view_.SetCaption(LibraryCaption(name));
+  file_.Note(name, project.FileName);
+  SaveRenames();
   around_.Windows.LibrarySaved(name);
-  // The network's look-ups have followed in memory. Nobody else would ask to save them.
-  const bool renamed = !std::exchange(renames_, {}).empty();
-  if (renamed && !around_.Windows.EditsNetwork()) {
-    SaveNetworkFirst(around_.Hydro, around_.Project, around_.Screen);
-  }
   return true;
+}
+
+/// The network's look-ups have followed in memory: they belong to the library that the project
+/// names. Nobody else would ask to save them.
+void LibraryDesk::SaveRenames() {
+  if (renames_.empty()) return;
+  if (IsProjects(library_.FileName)) {
+    renames_.clear();
+    SaveNetworkOfNobody();
+    return;
+  }
+  around_.Screen.ShowMessage(
+      {.Text = "The project names the cross section library " + FileIn(around_.Project.XSGFileH) +
+               ", which keeps the old names of the renamed cross sections; so does the "
+               "hydrodynamic input file.",
+       .Title = "Warning",
+       .BoxIcon = Icon::Warning});
+  TakeRenamesBack();
 }
 
 bool LibraryDesk::Save(bool saveAs) {
@@ -262,7 +288,10 @@ std::optional<SectionName> LibraryDesk::AskedName(const std::string& title,
   std::optional<SectionName> asked = view_.AskName(title, proposal);
   if (!asked || !SectionNameFits(asked->Name, around_.Screen)) return std::nullopt;
   asked->Name = TrimField(asked->Name);
-  return asked;
+  if (asked->Name == proposal.Name || !IsTaken(asked->Name)) return asked;
+  around_.Screen.ShowMessage(
+      {.Text = "The library has a cross section " + asked->Name + " already.", .Title = "Error"});
+  return std::nullopt;
 }
 
 void LibraryDesk::Add() {
@@ -298,26 +327,72 @@ void LibraryDesk::Delete() {
   });
 }
 
-/// Whether there is a network in memory, or the project's could be read.
-bool LibraryDesk::NetworkIsThere() {
-  HydroInput& hydro = around_.Hydro;
-  ProjectData& project = around_.Project;
-  if (hydro.HydroLoaded) return true;
-  const std::string name = FileIn(project.HydroFile);
-  return FindFile(name, project.FileName) && around_.Windows.ReleaseNetwork() &&
-         LoadHNPFile(hydro, project, around_.Screen, name) && hydro.HydroLoaded;
+bool LibraryDesk::IsProjects(const std::string& fileName) const {
+  const ProjectData& project = around_.Project;
+  return SameFile(fileName, FileIn(project.XSGFileH), project.FileName);
+}
+
+/// A look-up of a name that two sections have would find the first.
+bool LibraryDesk::IsTaken(const std::string& name) const {
+  return std::ranges::any_of(library_.XSects,
+                             [&](const LibrarySection& each) { return each.Name == name; });
+}
+
+/// Whether a network is there to follow a section's new name. Another library may be renamed in
+/// without a thought of the project's network.
+bool LibraryDesk::NetworkIsWanted() {
+  Ui& ui = around_.Screen;
+  const std::string projects = FileIn(around_.Project.XSGFileH);
+  const bool wanted =
+      projects.empty() || IsProjects(library_.FileName) ||
+      ui.ShowMessage({.Text = "This is not the cross section library of the project, which is " +
+                              projects +
+                              ".\r\n\r\nDo you want the hydrodynamic input file to look up the "
+                              "new name all the same?",
+                      .Title = "Warning",
+                      .BoxIcon = Icon::Warning,
+                      .BoxButtons = Buttons::YesNo,
+                      .DefaultAnswer = Answer::No}) == Answer::Yes;
+  if (!wanted) return false;
+  const NetworkState state = LoadNetwork(around_.Hydro, around_.Project, ui, around_.Windows);
+  if (state != NetworkState::Loaded) {
+    ui.ShowMessage({.Text = "Unable to load hydrodynamic file named \"" +
+                            FileIn(around_.Project.HydroFile) +
+                            "\". XSG library references will not be updated."});
+  }
+  return state == NetworkState::Loaded;
 }
 
 void LibraryDesk::RenameInNetwork(const std::string& from, const std::string& to) {
-  if (RenameLookups(around_.Hydro, from, to)) around_.Hydro.Dirty = true;
-  around_.Windows.LookupRenamed(from, to);
+  HydroInput& hydro = around_.Hydro;
+  if (renames_.empty()) networkWasSaved_ = !hydro.Dirty;
+  std::vector<std::string> xsects = RenameLookups(hydro, from, to);
+  if (!xsects.empty()) hydro.Dirty = true;
+  around_.Windows.LookupsRenamed(from, to, {});
+  renames_.push_back({from, to, std::move(xsects)});
 }
 
-/// The library that is given up keeps its old names on disk, and so must the look-ups.
+/// The library that is given up keeps its old names on disk, and so must the look-ups. When nobody
+/// has saved them in between, the network is what it was.
 void LibraryDesk::TakeRenamesBack() {
+  if (renames_.empty()) return;
+  HydroInput& hydro = around_.Hydro;
+  const bool asBefore = networkWasSaved_ && hydro.Dirty && !around_.Windows.EditsNetwork();
   for (; !renames_.empty(); renames_.pop_back()) {
-    RenameInNetwork(renames_.back().second, renames_.back().first);
+    const auto& [from, to, xsects] = renames_.back();
+    if (xsects.empty()) continue;
+    RenameLookups(hydro, to, from, xsects);
+    around_.Windows.LookupsRenamed(to, from, xsects);
+    hydro.Dirty = !asBefore;
   }
+  SaveNetworkOfNobody();
+}
+
+/// Asks about a network that has unsaved changes and no window that would ask.
+void LibraryDesk::SaveNetworkOfNobody() {
+  if (around_.Windows.EditsNetwork()) return;
+  SaveNetworkFirst(around_.Hydro, around_.Project, around_.Screen);
+  around_.Windows.RefreshProjectWindow();
 }
 
 void LibraryDesk::Rename() {
@@ -331,13 +406,8 @@ void LibraryDesk::Rename() {
     const std::optional<SectionName> asked =
         AskedName("Rename Cross Section", {section.Name, view_.Description()});
     if (!asked) return false;
-    if (NetworkIsThere()) {
+    if (asked->Name != section.Name && NetworkIsWanted()) {
       RenameInNetwork(section.Name, asked->Name);
-      renames_.emplace_back(section.Name, asked->Name);
-    } else {
-      around_.Screen.ShowMessage({.Text = "Unable to load hydrodynamic file named \"" +
-                                          FileIn(around_.Project.HydroFile) +
-                                          "\". XSG library references will not be updated."});
     }
     section.Name = asked->Name;
     const RaisedFlag ownChange(showing_);

@@ -3,9 +3,9 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "editors/opened_file.h"
 #include "editors/surroundings.h"
 #include "model/xsect_library.h"
 #include "spreadsheet/sheet.h"
@@ -95,6 +95,13 @@ class LibraryDesk {
   void Rename();
 
  private:
+  /// A section's new name, and the cross sections that have followed it.
+  struct Renamed {
+    std::string From;
+    std::string To;
+    std::vector<std::string> XSects;
+  };
+
   bool Run(const char* routine, const std::function<bool()>& action);
   void SetUpGrid();
   void ShowList();
@@ -104,16 +111,23 @@ class LibraryDesk {
   bool Write(bool saveAs);
   bool Agreed(const std::string& question);
   std::optional<SectionName> AskedName(const std::string& title, const SectionName& proposal);
-  bool NetworkIsThere();
+  bool IsProjects(const std::string& fileName) const;
+  bool IsTaken(const std::string& name) const;
+  bool FaultsPass(const std::vector<XSectPoint>& points);
+  bool NetworkIsWanted();
   void RenameInNetwork(const std::string& from, const std::string& to);
   void TakeRenamesBack();
+  void SaveRenames();
+  void SaveNetworkOfNobody();
 
   EditorSurroundings around_;
   LibraryView& view_;
   Sheet points_;
   XSectLibrary library_;
-  std::vector<std::pair<std::string, std::string>> renames_;  ///< unsaved: from, to
-  int number_ = 0;                                            ///< of the entry on view; 0 for none
+  std::vector<Renamed> renames_;  ///< those of the network that the library on disk does not have
+  bool networkWasSaved_ = false;  ///< before the first of them
+  OpenedFile file_;
+  int number_ = 0;        ///< of the entry on view; 0 for none
   bool showing_ = false;  ///< what changes in the window now is our own doing
 };
 

@@ -1,31 +1,40 @@
 #include "editors/lookup_names.h"
 
+#include <algorithm>
+
 #include "editors/xsect_sheet.h"
 
 namespace lomaris {
+namespace {
 
-bool RenameLookups(HydroInput& hydro, const std::string& from, const std::string& to) {
-  bool renamed = false;
+bool Follows(const std::vector<std::string>& xsects, const std::string& name) {
+  return xsects.empty() || std::find(xsects.begin(), xsects.end(), name) != xsects.end();
+}
+
+}  // namespace
+
+std::vector<std::string> RenameLookups(HydroInput& hydro, const std::string& from,
+                                       const std::string& to,
+                                       const std::vector<std::string>& xsects) {
+  std::vector<std::string> renamed;
   for (int i = 1; i <= hydro.BranchCount; ++i) {
     for (XSectRec& xsect : hydro.Branches[i].XSects) {
-      if (xsect.Lookup != from) continue;
+      if (xsect.Lookup != from || !Follows(xsects, xsect.Name)) continue;
       xsect.Lookup = to;
-      renamed = true;
+      renamed.push_back(xsect.Name);
     }
   }
   return renamed;
 }
 
-void RenameLookups(Sheet& xsects, const std::string& from, const std::string& to) {
-  xsects.AsStep([&] {
-    bool renamed = false;
-    for (int row = xsects.FixedRows(); row < xsects.Rows(); ++row) {
-      if (xsects.TextMatrix(row, kLookupCol) != from) continue;
-      xsects.SetTextMatrix(row, kLookupCol, to);
-      renamed = true;
+void RenameLookups(Sheet& sheet, const std::string& from, const std::string& to,
+                   const std::vector<std::string>& xsects) {
+  for (int row = sheet.FixedRows(); row < sheet.Rows(); ++row) {
+    if (sheet.TextMatrix(row, kLookupCol) != from) continue;
+    if (Follows(xsects, sheet.TextMatrix(row, kXSectNameCol))) {
+      sheet.SetTextMatrix(row, kLookupCol, to);
     }
-    return renamed;
-  });
+  }
 }
 
 void RenameSections(XSectLibrary& library, const std::string& from, const std::string& to) {

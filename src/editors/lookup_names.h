@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "model/hydro_input.h"
 #include "model/xsect_library.h"
@@ -9,13 +10,17 @@
 namespace lomaris {
 
 // A cross section of the network looks its shape up by name; these follow a section that gets
-// another one.
+// another one. `xsects`: names of the cross sections that are to follow; empty for all.
 
-/// True when a look-up of the network was renamed.
-bool RenameLookups(HydroInput& hydro, const std::string& from, const std::string& to);
+/// The names of the cross sections whose look-ups were renamed.
+std::vector<std::string> RenameLookups(HydroInput& hydro, const std::string& from,
+                                       const std::string& to,
+                                       const std::vector<std::string>& xsects = {});
 
-/// In the grid of cross sections, as one step that can be undone.
-void RenameLookups(Sheet& xsects, const std::string& from, const std::string& to);
+/// In the grid of cross sections, which forgets its history: undoing an edit must not bring the old
+/// name back.
+void RenameLookups(Sheet& sheet, const std::string& from, const std::string& to,
+                   const std::vector<std::string>& xsects);
 
 void RenameSections(XSectLibrary& library, const std::string& from, const std::string& to);
 

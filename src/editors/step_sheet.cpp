@@ -70,8 +70,12 @@ void SetUpSteps(Sheet& sheet, const StepTable& table, Ui& ui) {
   sheet.SetColHeadings(headings);
   sheet.SetColFormat(kStartCol, {FormatKind::DateTime});
   sheet.SetColFormat(kStepValueCol, {FormatKind::Number, table.ValueRange});
-  sheet.Events.BeforeRowDelete = [&sheet, &table, &ui](int, int count, bool& cancel) {
-    cancel = sheet.Rows() - sheet.FixedRows() - count < kFewestEntries;
+  sheet.Events.BeforeRowDelete = [&sheet, &table, &ui](int first, int count, bool& cancel) {
+    // The empty row at the end is no entry.
+    const int rows = sheet.Rows() - sheet.FixedRows();
+    const int filled = FilledRows(sheet);
+    const int lost = Min(first - sheet.FixedRows() + count, filled) - (first - sheet.FixedRows());
+    cancel = rows - count < kFewestEntries || (lost > 0 && filled - lost < kFewestEntries);
     if (!cancel) return;
     ui.ShowMessage({.Text = fmt::format("You must have at least two {} entries.", table.Entry),
                     .Title = "Warning",

@@ -39,8 +39,8 @@ int Length(std::string_view text);
 /// The rows from the first that is not fixed to the last that holds anything.
 int FilledRows(const Sheet& sheet);
 
-/// Adds a row at the end when the last one is in use: one stands ready at all times. From a `Change`
-/// event it belongs to the step that has filled the row.
+/// Adds a row at the end when the last one is in use: one stands ready at all times. From a
+/// `Change` event it belongs to the step that has filled the row.
 void KeepEmptyRow(Sheet& sheet);
 
 }  // namespace lomaris

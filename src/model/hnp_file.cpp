@@ -113,6 +113,35 @@ void TellOfGaps(const HydroInput& hydro, const std::set<int>& numbers, Ui& ui) {
        .BoxIcon = Icon::Warning});
 }
 
+/// Puts the names behind the branches into the records. A file may end before them.
+void TakeFilesNames(ReaderState& in, HydroInput& hydro, ProjectData& project, Ui& ui) {
+  ProjectData named;
+  try {
+    if (!in.AtEnd()) {
+      ReadBoundaryList(in, named.BCFilesH, named.BCCountH, ui);
+      named.LatFileH = NormaliseFileName(in.ReadRawLine(), true);
+      named.WitFileH = NormaliseFileName(in.ReadRawLine(), true);
+      named.XSGFileH = NormaliseFileName(in.ReadRawLine(), true);
+    }
+  } catch (const RuntimeError&) {
+    ui.ShowMessage({.Text = "The names of other files at the end of file " + in.FileName +
+                            " cannot be read from line " + NumberText(in.LineNumber) +
+                            " on; a save writes those that could be read.",
+                    .Title = "Warning",
+                    .BoxIcon = Icon::Warning});
+  }
+  named.BCFilesH.Resize(kMostBranches);
+  project.BCFilesH = std::move(named.BCFilesH);
+  project.BCCountH = named.BCCountH;
+  project.LatFileH = std::move(named.LatFileH);
+  project.WitFileH = std::move(named.WitFileH);
+  project.XSGFileH = std::move(named.XSGFileH);
+  for (int i = 1; i <= hydro.BranchCount; ++i) {
+    hydro.Branches[i].USFile = project.BCFilesH[i].Upstream;
+    hydro.Branches[i].DSFile = project.BCFilesH[i].Downstream;
+  }
+}
+
 // --- Writing
 
 /// True, having told it, when two cross sections have the same name, as the file would hold it.
@@ -221,29 +250,31 @@ void TakeNames(ProjectData& project, const HydroInput& hydro) {
 
 }  // namespace
 
-bool LoadHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::string& fileName) {
+bool LoadHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::string& fileName,
+                 NamesFrom names) {
   const std::string name(Trim(fileName));
   if (name.empty()) return true;
   const auto path = FindInputFile("Hydrodynamic file", name, project.FileName, ui);
   if (!path) return true;
 
   HydroInput loaded;
-  BoundedArray<BranchBCFiles> boundaryFiles = project.BCFilesH;
-  boundaryFiles.Resize(kMostBranches);
+  ProjectData named = project;
+  named.BCFilesH.Resize(kMostBranches);
   std::set<int> numbers;
   const bool read = ReadInputFile(*path, name, ui, [&](ReaderState& in) {
     ReadHead(in, loaded, ui);
-    numbers = ReadNetwork(in, loaded, boundaryFiles);
+    numbers = ReadNetwork(in, loaded, named.BCFilesH);
+    if (names == NamesFrom::File) TakeFilesNames(in, loaded, named, ui);
     return true;
   });
   if (!read) return false;
   loaded.FileName = name;
   loaded.HydroLoaded = true;
-  loaded.LatFile = project.LatFileH;
-  loaded.WitFile = project.WitFileH;
-  loaded.XSGFile = project.XSGFileH;
+  loaded.LatFile = named.LatFileH;
+  loaded.WitFile = named.WitFileH;
+  loaded.XSGFile = named.XSGFileH;
   hydro = std::move(loaded);
-  project.BCFilesH = std::move(boundaryFiles);
+  project = std::move(named);
   TellOfGaps(hydro, numbers, ui);
   return true;
 }

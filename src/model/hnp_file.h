@@ -30,18 +30,26 @@ namespace lomaris {
 //   boundary files: the list of boundary_list.h
 //   lateral inflows; withdrawals; cross section library, a line each, "NULL" for none
 //
-// What follows the branches is for the model: the reader does not look at it, since the names come
-// from the project. Nor does it believe the total on line 2.
+// What follows the branches is for the model: the names of a project's network come from the
+// project. Nor does the reader believe the total on line 2.
+
+/// Where the names of a network's boundary and auxiliary files are taken from.
+enum class NamesFrom {
+  Project,
+  File,  ///< what follows the branches: of a file that is in no project
+};
 
 /// Fills `hydro` anew from a file; the branch with number i in the file is `Branches[i]`, wherever
 /// it stands, while its boundary files are those that the project has for its place in the file.
 /// A blank name, and a name of no existing file (which is told), load nothing and are a success: a
 /// new file is an ordinary outcome. A name that is not absolute is looked up beside the
-/// project first. On success the project's list of boundary files has a place for every branch.
+/// project first. On success the project's list of boundary files has a place for every branch;
+/// with `NamesFrom::File`, `project` has the names that the file has.
 ///
 /// False, with both records as they were, when the file cannot be read; the user has been told by
 /// then.
-bool LoadHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::string& fileName);
+bool LoadHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::string& fileName,
+                 NamesFrom names = NamesFrom::Project);
 
 /// Refuses a network in which two cross sections have the same name. On success the project takes
 /// the boundary and auxiliary names of `hydro`, and is dirty when that changed one of them.

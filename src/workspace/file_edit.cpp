@@ -2,7 +2,7 @@
 
 #include "core/files.h"
 #include "core/tables.h"
-#include "model/hnp_file.h"
+#include "model/network_in_memory.h"
 #include "workspace/file_slots.h"
 
 namespace lomaris {
@@ -19,21 +19,9 @@ bool NeedsNetwork(std::string_view kind) {
 
 }  // namespace
 
-NetworkState LoadNetwork(HydroInput& hydro, ProjectData& project, Ui& ui, Workbench& windows) {
-  if (!FindFile(project.HydroFile, project.FileName)) {
-    return hydro.HydroLoaded ? NetworkState::Loaded : NetworkState::Missing;
-  }
-  if (hydro.HydroLoaded && SameFile(hydro.FileName, project.HydroFile, project.FileName)) {
-    return NetworkState::Loaded;
-  }
-  if (!windows.ReleaseNetwork()) return NetworkState::Kept;
-  const bool loaded = LoadHNPFile(hydro, project, ui, project.HydroFile) && hydro.HydroLoaded;
-  return loaded ? NetworkState::Loaded : NetworkState::Missing;
-}
-
 std::optional<EditRequest> PrepareFileEdit(EditRequest request, HydroInput& hydro,
                                            ProjectData& project, Ui& ui, Workbench& windows) {
-  request.FileName = NameBeforeRemark(request.FileName);
+  request.FileName = NameBeforeRemark(request.FileName, project.FileName);
   if (!request.FileName.empty()) request.Kind = TypeKey(request.FileName);
   if (request.Kind.empty()) return std::nullopt;
   if (!NeedsNetwork(request.Kind)) return request;

@@ -10,17 +10,6 @@
 
 namespace lomaris {
 
-/// What became of a wish for the project's network.
-enum class NetworkState {
-  Loaded,
-  Missing,  ///< the project names no file of a network, or one that cannot be read
-  Kept,     ///< the user keeps another one, with its unsaved changes
-};
-
-/// Has the network of the project's hydrodynamic file in `hydro`, and reads it unless it is there
-/// already; a network without a file of the project stays. A missing file is no network here.
-NetworkState LoadNetwork(HydroInput& hydro, ProjectData& project, Ui& ui, Workbench& windows);
-
 /// What is to be done before a file is opened in its editor. A name may carry a remark in brackets,
 /// which is cut off; its last three characters are its type. A type that needs the network has the
 /// project's loaded first.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
 
@@ -30,7 +31,8 @@ BoundaryRow ParseBoundaryRow(std::string_view text) {
           .Branch = static_cast<int>(std::clamp(branch, 0.0, 32767.0))};
 }
 
-std::string NameBeforeRemark(std::string_view text) {
+std::string NameBeforeRemark(std::string_view text, std::string_view besideFile) {
+  if (FindFile(Trim(text), besideFile)) return std::string(Trim(text));
   return std::string(Trim(text.substr(0, text.find('('))));
 }
 

@@ -11,8 +11,8 @@
 #include "core/text.h"
 #include "import/browse_file.h"
 #include "model/file_names.h"
+#include "model/network_in_memory.h"
 #include "model/prj_file.h"
-#include "workspace/file_edit.h"
 #include "workspace/found_files.h"
 #include "workspace/global_replace.h"
 #include "workspace/shell_document.h"
@@ -86,8 +86,11 @@ bool ProjectDesk::SaveFirst() {
 /// before is asked about again then.
 bool ProjectDesk::OthersClosed() {
   const ProjectData before = around_.Project;
-  return around_.Windows.CloseOtherWindows() && around_.Windows.ReleaseNetwork() &&
-         (around_.Project == before || SaveFirst());
+  return NothingElseOpen() && (around_.Project == before || SaveFirst());
+}
+
+bool ProjectDesk::NothingElseOpen() {
+  return around_.Windows.CloseOtherWindows() && around_.Windows.ReleaseNetwork();
 }
 
 /// Whether the project may make room for another one, or for none.
@@ -187,7 +190,13 @@ bool ProjectDesk::WriteProject(bool saveAs) {
   if (!SaveForm()) return false;
   const FoundFiles before = FilesFoundBy(project, nameOnDisk_);
   const std::string name = NameToSaveUnder(saveAs);
-  if (name.empty() || !SavePRJFile(project, around_.Screen, name)) return false;
+  // Names without a folder mean other files from there: nothing stays open under them.
+  const bool moves =
+      !name.empty() &&
+      (nameOnDisk_.empty() || FolderOf(TargetPath(name)) != FolderOf(TargetPath(nameOnDisk_)));
+  if (name.empty() || (moves && !NothingElseOpen())) return false;
+  if (!SavePRJFile(project, around_.Screen, name)) return false;
+  if (moves) around_.Hydro = HydroInput();
   project.FileName = name;
   nameNotLoaded_.clear();
   ShowCaption();
@@ -224,7 +233,10 @@ bool ProjectDesk::QueryUnload() {
 
 void ProjectDesk::Replace() {
   Run("mnuEditItem_Click", [&] {
-    if (!SaveForm() || !GlobalReplace(around_.Project, around_.Screen)) return;
+    // Editors would put the names that they have back into the project.
+    if (!SaveForm() || !NothingElseOpen()) return;
+    if (!GlobalReplace(around_.Project, around_.Screen)) return;
+    around_.Hydro = HydroInput();
     MarkDirty();
     LoadForm();
     ShowCaption();

@@ -95,6 +95,7 @@ class ProjectDesk {
   bool RunAction(const char* routine, const std::function<bool()>& action);
 
   bool SaveFirst();
+  bool NothingElseOpen();
   bool OthersClosed();
   bool Replaceable();
   bool LoadProject(const std::string& fileName);

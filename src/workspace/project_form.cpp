@@ -41,6 +41,7 @@ std::int16_t StoreBoundaryRows(const std::vector<std::string>& rows, BoundaryFil
   int count = 0;
   for (const std::string& text : rows) {
     const BoundaryRow row = ParseBoundaryRow(text);
+    if (row.Branch > kMostBranches) continue;  // no file holds it, and the project must be saved
     BranchBCFiles& ends = files[row.Branch];
     (row.IsUpstream ? ends.Upstream : ends.Downstream) = row.FileName;
     count = Max(count, row.Branch);

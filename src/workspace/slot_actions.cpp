@@ -103,7 +103,7 @@ void ProjectDesk::EditSlot(std::size_t slot) {
   Run("btnBrowse_Click", [&] {
     const ProjectForm form = view_.Form();
     EditRequest request = RequestFor(form, slot);
-    request.FileName = NameBeforeRemark(ShownIn(form, slot));
+    request.FileName = NameBeforeRemark(NameIn(form, slot), around_.Project.FileName);
     if (!request.FileName.empty() && !FindFile(request.FileName, around_.Project.FileName)) {
       around_.Screen.ShowMessage({.Text = "File has not been specified or does not exist:\r\n\r\n" +
                                           request.FileName +

@@ -7,6 +7,7 @@
 
 #include "core/text.h"
 #include "editors/editor_fixture.h"
+#include "editors/lookup_names.h"
 #include "editors/xsect_sheet.h"
 #include "spreadsheet/sheet_queries.h"
 
@@ -68,8 +69,9 @@ TEST_F(HydroDeskTest, UneditedIsSavedAsItWasReadWithTheRatingCurveCrosswise) {
 TEST_F(HydroDeskTest, GridsHaveTheirColumnsAndRows) {
   EXPECT_EQ(desk.TimeSteps().Rows(), 4);
   EXPECT_EQ(desk.XSects().Rows(), 21);
-  EXPECT_EQ(ClipText(desk.Results(), {0, 1, 2, 2}),
-            "Starting\nDate/Time\tInterval\n(hours)\r\n04/01/25 00:00\t24\r\n07/01/25 00:00\t6");
+  EXPECT_EQ(desk.Results().TextMatrix(0, 1) + "|" + desk.Results().TextMatrix(0, 2),
+            "Starting\nDate/Time|Interval\n(hours)");
+  EXPECT_EQ(ClipText(desk.Results(), {1, 1, 2, 2}), "04/01/25 00:00\t24\r\n07/01/25 00:00\t6");
   const Sheet& sheet = desk.XSects();
   std::string formats;
   for (int col = 1; col < sheet.Cols(); ++col) {
@@ -260,8 +262,13 @@ TEST_F(HydroDeskTest, SavesUnderANameAndAsksBeforeItCloses) {
 }
 
 TEST_F(HydroDeskTest, AFileOpenedAsideStaysOutOfTheProject) {
-  const std::string twin = folder.Write("twin.hnp", Example(kName));
+  const std::string names = " 1 \r\n-2\r\nup.bcf\r\nin.lat\r\nNULL\r\nother.xsg\r\n";
+  const std::string content = Example(kName);
+  const std::string twin =
+      folder.Write("twin.hnp", content.substr(0, content.rfind(" 0 \r\n")) + names);
   const ProjectData before = project;
+  EXPECT_TRUE(desk.Open(twin, true) && desk.Save(false));
+  EXPECT_THAT(folder.Read("twin.hnp"), EndsWith(names)) << "its own names, not the project's";
   EXPECT_TRUE(desk.Open(twin, true) && !desk.EditsNetwork());
   EXPECT_TRUE(desk.XSects().EndEdit(1, kLookupCol, "AF-RUN") && desk.Save(false));
   EXPECT_TRUE(project == before && hydro.FileName == kName && !hydro.Dirty);
@@ -272,8 +279,58 @@ TEST_F(HydroDeskTest, AFileOpenedAsideStaysOutOfTheProject) {
   EXPECT_TRUE(desk.Open(kName) && desk.EditsNetwork() && hydro.HydroLoaded);
 }
 
+TEST_F(HydroDeskTest, WhatIsGivenUpLeavesTheProjectToo) {
+  const ProjectData before = project;
+  view.End.USFile = "b.bcf";
+  desk.Edited();
+  EXPECT_TRUE(desk.SelectBranch(1) && desk.SelectBranch(0));
+  EXPECT_EQ(project.BCFilesH[1].Upstream, "b.bcf");
+  ui.Answers = {Answer::Ok, Answer::No};
+  ui.Texts = {"Mill Race"};
+  desk.AddBranch();
+  EXPECT_TRUE(desk.QueryUnload());
+  EXPECT_TRUE(project.BCCountH == 0 && project.BCCountQ == 0 && !project.Dirty);
+  EXPECT_EQ(project.BCFilesH[1], before.BCFilesH[1]);
+}
+
+TEST_F(HydroDeskTest, ASaveOnTheWayLeavesTheProjectsChoiceAlone) {
+  view.Fields.LatFile = "old.lat";
+  desk.Edited();
+  project.HydroFile = folder.Write("other.hnp", Example(kName));
+  project.LatFileH = "new.lat";
+  ui.Answers = {Answer::Yes};
+  EXPECT_TRUE(desk.Open("other.hnp"));
+  EXPECT_THAT(folder.Read(kName), HasSubstr("\r\nold.lat\r\n"));
+  EXPECT_EQ(project.LatFileH + hydro.LatFile, "new.latnew.lat");
+
+  folder.Write("other.hnp", "changed by another program");
+  ui.Answers = {Answer::No};
+  EXPECT_FALSE(desk.Save(false));
+  EXPECT_THAT(ui.LastMessage(), StartsWith("File other.hnp has been changed since it was opened"));
+  EXPECT_EQ(folder.Read("other.hnp"), "changed by another program");
+}
+
+TEST_F(HydroDeskTest, AConfluenceIsResetWhereAnotherCrossSectionStands) {
+  Sheet& sheet = desk.XSects();  // branch 3 flows into the tenth
+  EXPECT_TRUE(sheet.EndEdit(10, kXSectNameCol, "NEW NAME") && desk.StoreBranch());
+  EXPECT_EQ(hydro.Branches[3].DSXSect, 10);
+  ui.Answers = {Answer::Yes, Answer::Yes};
+  EXPECT_TRUE(sheet.DeleteLines(Axis::Rows, 2, 1) && sheet.InsertLines(Axis::Rows, 15, 1));
+  EXPECT_TRUE(sheet.EndEdit(15, kXSectNameCol, "CR NEW"));
+  sheet.SetTextMatrix(15, kLookupCol, "CR-RUN1");
+  sheet.SetTextMatrix(3, kXSectNameCol, "thirteen long");
+  EXPECT_FALSE(desk.StoreBranch());
+  EXPECT_EQ(hydro.Branches[3].DSXSect, 10) << "a refused store changes nothing";
+  sheet.SetTextMatrix(3, kXSectNameCol, "CR X");
+  EXPECT_TRUE(desk.StoreBranch());
+  EXPECT_EQ(hydro.Branches[3].DSXSect, 0);
+}
+
 TEST_F(HydroDeskTest, FollowsTheLibrary) {
-  desk.LookupRenamed("CR-RUN1", "CR-NEW");
+  EXPECT_EQ(RenameLookups(hydro, "CR-RUN1", "CR-NEW").size(), 4u);
+  desk.LookupsRenamed("CR-RUN1", "CR-NEW", {});
+  EXPECT_TRUE(desk.StoreBranch());
+  hydro.Dirty = true;
   EXPECT_EQ(desk.XSects().TextMatrix(1, kLookupCol), "CR-NEW");
   EXPECT_TRUE(desk.UnknownLookups().empty() && hydro.Dirty);
   ui.Answers = {Answer::No};

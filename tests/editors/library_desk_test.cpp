@@ -51,7 +51,7 @@ TEST_F(LibraryDeskTest, UneditedIsSavedAsItWasRead) {
   EXPECT_TRUE(desk.Save(false));
   EXPECT_THAT(folder.Read(kName), testing::StartsWith("One\r\nTwo\r\n\r\n 16 \r\n"));
   ui.Files = {{folder.Path("b.xsg")}};
-  workbench.Captions = {"Cross Section Library - " + folder.Path("b.xsg")};
+  workbench.Edited = {folder.Path("b.xsg")};
   EXPECT_FALSE(desk.Save(true));
   EXPECT_EQ(ui.LastMessage(), "You can open a given file only once per session.");
 }
@@ -100,6 +100,40 @@ TEST_F(LibraryDeskTest, EntriesAreAddedAndDeleted) {
   EXPECT_TRUE(desk.QueryUnload());
 }
 
+TEST_F(LibraryDeskTest, NamesAreKeptApartAndForeignLibrariesAsked) {
+  view.Asked = {"CR-RUN1", ""};
+  desk.Add();
+  EXPECT_EQ(ui.LastMessage(), "The library has a cross section CR-RUN1 already.");
+  EXPECT_EQ(desk.Library().XSectCount, 16);
+
+  project.XSGFileH = "another.xsg";
+  EXPECT_TRUE(desk.SelectEntry(9));
+  view.Asked = {"CR-NEW", ""};
+  ui.Answers = {Answer::Yes, Answer::No};
+  desk.Rename();
+  EXPECT_THAT(ui.LastMessage(), testing::HasSubstr("of the project, which is another.xsg."));
+  EXPECT_TRUE(!hydro.HydroLoaded && view.Names.at(9) == "CR-NEW");
+
+  project.XSGFileH = kName;
+  view.Asked = {"CR-LAST", ""};
+  ui.Answers = {Answer::Yes};
+  ui.Files = {{folder.Path("copy.xsg")}};
+  desk.Rename();
+  EXPECT_TRUE(desk.Save(true));
+  EXPECT_THAT(ui.LastMessage(), testing::HasSubstr("keeps the old names"));
+  EXPECT_FALSE(hydro.Dirty) << "the project's library still has the old name";
+}
+
+TEST_F(LibraryDeskTest, PointsOfTheFileAreLeftAlone) {
+  const std::string flat =
+      folder.Write("flat.xsg",
+                   "1\r\n2\r\n3\r\n 2 \r\nFLAT        x\r\n 2 \r\n1.00\t0.00\r\n"
+                   "1.00\t9.00\r\nB           y\r\n 1 \r\n1.00\t0.00\r\n");
+  EXPECT_TRUE(desk.Open(flat) && desk.SelectEntry(1) && desk.SelectEntry(0));
+  EXPECT_TRUE(desk.Points().EndEdit(2, 1, "8"));
+  EXPECT_FALSE(desk.SelectEntry(1));
+}
+
 TEST_F(LibraryDeskTest, LookupNamesFollowARename) {
   EXPECT_TRUE(desk.SelectEntry(9));
   view.Asked = {"CR-NEW", "Run"};
@@ -112,11 +146,11 @@ TEST_F(LibraryDeskTest, LookupNamesFollowARename) {
   EXPECT_EQ(view.Dialog + view.Names.at(9), "Rename Cross SectionCR-NEW");
   EXPECT_EQ(hydro.Branches[1].XSects[1].Lookup + hydro.Branches[1].XSects[2].Lookup,
             "CR-NEWCR-RIFF1");
-  EXPECT_THAT(workbench.Notices, testing::ElementsAre("CR-RUN1 to CR-NEW"));
+  EXPECT_THAT(workbench.Notices, testing::ElementsAre("CR-RUN1 to CR-NEW in 0"));
   ui.Answers = {Answer::No};
-  EXPECT_TRUE(hydro.Dirty && desk.QueryUnload());
+  EXPECT_TRUE(hydro.Dirty && desk.QueryUnload() && !hydro.Dirty);
   EXPECT_EQ(hydro.Branches[1].XSects[1].Lookup, "CR-RUN1") << "as the library on disk has it";
-  EXPECT_EQ(workbench.Notices.back(), "CR-NEW to CR-RUN1");
+  EXPECT_EQ(workbench.Notices.back(), "CR-NEW to CR-RUN1 in 4");
 
   ASSERT_TRUE(desk.Open(kName) && desk.SelectEntry(9));
   ui.Answers = {Answer::Yes, Answer::Yes};
@@ -127,6 +161,7 @@ TEST_F(LibraryDeskTest, LookupNamesFollowARename) {
   EXPECT_EQ(workbench.Notices.back(), "saved corvane_shapes.xsg");
 
   hydro = {};
+  view.Asked = {"CR-LAST", ""};
   ui.Answers = {Answer::Yes};
   project.HydroFile = "(Not Specified)";
   desk.Rename();

@@ -13,7 +13,7 @@ namespace lomaris {
 class FakeWorkbench : public Workbench {
  public:
   std::set<std::string> Editors;
-  std::set<std::string> Captions;  ///< of other windows
+  std::set<std::string> Edited;  ///< files in other windows
   std::vector<EditRequest> Opened;
   std::function<void()> OnFileEdit = [] {};
   int Closed = 0;
@@ -28,7 +28,7 @@ class FakeWorkbench : public Workbench {
     Opened.push_back(request);
     OnFileEdit();
   }
-  bool HasWindow(const std::string& caption) const override { return Captions.contains(caption); }
+  bool EditsFile(const std::string& fileName) const override { return Edited.contains(fileName); }
   bool CloseOtherWindows() override {
     ++Closed;
     OnClose();
@@ -37,8 +37,9 @@ class FakeWorkbench : public Workbench {
   void RefreshProjectWindow() override {}
   bool EditsNetwork() const override { return Edits; }
   bool ReleaseNetwork() override { return LetRelease; }
-  void LookupRenamed(const std::string& from, const std::string& to) override {
-    Notices.push_back(from + " to " + to);
+  void LookupsRenamed(const std::string& from, const std::string& to,
+                      const std::vector<std::string>& xsects) override {
+    Notices.push_back(from + " to " + to + " in " + std::to_string(xsects.size()));
   }
   void LibrarySaved(const std::string& fileName) override {
     Notices.push_back("saved " + fileName);

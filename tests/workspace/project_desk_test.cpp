@@ -92,7 +92,10 @@ TEST_F(DeskTest, TellsWhichNamesMeanOtherFilesAfterASaveElsewhere) {
   ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "one.hnp")));
   view.Shown.Texts[kLibrarySlot] = library;
   view.Shown.Texts[2] = "not_there_before.lat";
-  ui.Files = {{folder.Path("other/one.prj")}};
+  ui.Files = {{folder.Path("other/one.prj")}, {folder.Path("other/one.prj")}};
+  workbench.LetClose = false;
+  EXPECT_FALSE(desk.SaveProject(true)) << "an editor would save over the other folder's file";
+  workbench.LetClose = true;
   std::filesystem::current_path(folder.Path("other"));
   EXPECT_TRUE(desk.SaveProject(true));
   EXPECT_EQ(ui.LastMessage(),

@@ -57,13 +57,13 @@ TEST(ProjectForm, GivesTheRecordBackThatItShows) {
   EXPECT_TRUE(ui.Messages.empty());
 }
 
-TEST(ProjectForm, RefusesABranchAbove20AndLeavesTheRecord) {
+TEST(ProjectForm, LeavesOutABranchThatNoFileHolds) {
   ProjectForm form;
-  form.Description = "changed";
-  form.Lists[kBoundarySlotQ].Rows = {"x.bcf     (US Branch 21)"};
+  form.Lists[kBoundarySlotQ].Rows = {"a.bcf     (DS Branch 2)", "x.bcf     (US Branch 21)"};
   ProjectData project = FullProject();
-  EXPECT_THROW(StoreForm(form, project), RuntimeError);
-  EXPECT_EQ(project, FullProject());
+  StoreForm(form, project);
+  EXPECT_EQ(project.BCCountQ, 2);
+  EXPECT_EQ(project.BCFilesQ[2].Downstream, "a.bcf");
 }
 
 TEST(ProjectForm, TellsOfOtherFilesThatAreGone) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace lomaris {
 
@@ -32,8 +33,8 @@ class Workbench {
   /// Opens a file in its editor, and returns when it is on the screen or was refused.
   virtual void FileEdit(const EditRequest& request) = 0;
 
-  /// Whether an open window has this caption: its file is being edited.
-  virtual bool HasWindow(const std::string& caption) const = 0;
+  /// Whether an open window edits this file, however its name is spelt.
+  virtual bool EditsFile(const std::string& fileName) const = 0;
 
   /// Closes every window but the project window. False: one of them stayed open.
   virtual bool CloseOtherWindows() = 0;
@@ -49,8 +50,9 @@ class Workbench {
   virtual bool ReleaseNetwork() = 0;
 
   /// A section of the library has got another name, and so have the look-ups of the network in
-  /// memory: whoever shows them follows.
-  virtual void LookupRenamed(const std::string& from, const std::string& to) = 0;
+  /// memory, of these cross sections, or of all that had the old one: whoever shows them follows.
+  virtual void LookupsRenamed(const std::string& from, const std::string& to,
+                              const std::vector<std::string>& xsects) = 0;
 
   /// A cross section library was written.
   virtual void LibrarySaved(const std::string& fileName) = 0;

@@ -18,11 +18,15 @@ class EditorWindow : public QMainWindow {
   /// taken, closes itself.
   virtual void Initialize(const EditRequest& request) = 0;
 
+  /// The file that is edited; empty for a new one.
+  virtual std::string FileName() const { return {}; }
+
   /// Whether the window edits the network in memory.
   virtual bool EditsNetwork() const { return false; }
 
   // What other windows have done.
-  virtual void LookupRenamed(const std::string& /*from*/, const std::string& /*to*/) {}
+  virtual void LookupsRenamed(const std::string& /*from*/, const std::string& /*to*/,
+                              const std::vector<std::string>& /*xsects*/) {}
   virtual void LibrarySaved(const std::string& /*fileName*/) {}
 
  signals:

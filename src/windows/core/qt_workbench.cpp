@@ -5,8 +5,9 @@
 #include <utility>
 
 #include "core/error_report.h"
+#include "core/files.h"
 #include "core/window_position.h"
-#include "model/unsaved_network.h"
+#include "model/network_in_memory.h"
 #include "windows/core/qt_text.h"
 #include "windows/core/window_placement.h"
 #include "workspace/file_edit.h"
@@ -22,12 +23,6 @@ QList<QPointer<QWidget>> OpenWindows() {
     if (window->isVisible() && (type == Qt::Window || type == Qt::Dialog)) windows << window;
   }
   return windows;
-}
-
-std::ptrdiff_t WindowsTitled(const QString& caption) {
-  return std::ranges::count_if(OpenWindows(), [&](const QPointer<QWidget>& window) {
-    return window->windowTitle() == caption;
-  });
 }
 
 QList<QPointer<EditorWindow>> OpenEditors() {
@@ -70,6 +65,7 @@ void QtWorkbench::FileEdit(const EditRequest& request) {
     ui_.ShowMessage({.Text = "There is no editor for this type of file: " + prepared->Kind});
     return;
   }
+  if (IsOpenElsewhere(*prepared)) return;
   const bool isNew = !editors_.at(prepared->Kind).Open;
   trap.Run([&] { window = ShowEditor(prepared->Kind); });
   const StepEnd end = trap.Run([&] {
@@ -108,8 +104,27 @@ void QtWorkbench::StoreOnClosing(EditorWindow& window, const std::string& kind) 
   });
 }
 
-bool QtWorkbench::HasWindow(const std::string& caption) const {
-  return WindowsTitled(ToQt(caption)) > 0;
+/// Null when no window edits the file.
+EditorWindow* QtWorkbench::EditorOf(const std::string& fileName) const {
+  for (const QPointer<EditorWindow>& editor : OpenEditors()) {
+    if (editor && SameFile(editor->FileName(), fileName, project_.FileName)) return editor;
+  }
+  return nullptr;
+}
+
+bool QtWorkbench::EditsFile(const std::string& fileName) const {
+  return EditorOf(fileName) != nullptr;
+}
+
+/// True, after showing it, when another window has the file under another spelling of its name,
+/// which the captions would not tell.
+bool QtWorkbench::IsOpenElsewhere(const EditRequest& request) const {
+  EditorWindow* const editor = EditorOf(request.FileName);
+  if (editor == nullptr || editor == editors_.at(request.Kind).Open) return false;
+  ui_.ShowMessage({.Text = kOpenOnce});
+  editor->raise();
+  editor->activateWindow();
+  return true;
 }
 
 bool QtWorkbench::CloseOtherWindows() {
@@ -132,12 +147,15 @@ bool QtWorkbench::ReleaseNetwork() {
   for (const QPointer<EditorWindow>& editor : OpenEditors()) {
     if (editor && editor->EditsNetwork() && !editor->close()) return false;
   }
-  return SaveNetworkFirst(hydro_, project_, ui_);
+  const bool released = SaveNetworkFirst(hydro_, project_, ui_);
+  RefreshProjectWindow();
+  return released;
 }
 
-void QtWorkbench::LookupRenamed(const std::string& from, const std::string& to) {
+void QtWorkbench::LookupsRenamed(const std::string& from, const std::string& to,
+                                 const std::vector<std::string>& xsects) {
   for (const QPointer<EditorWindow>& editor : OpenEditors()) {
-    if (editor) editor->LookupRenamed(from, to);
+    if (editor) editor->LookupsRenamed(from, to, xsects);
   }
 }
 
@@ -148,7 +166,10 @@ void QtWorkbench::LibrarySaved(const std::string& fileName) {
 }
 
 bool FileAlreadyOpen(const QString& caption, Ui& ui) {
-  if (WindowsTitled(caption) <= 1) return false;
+  const auto hasCaption = [&](const QPointer<QWidget>& window) {
+    return window->windowTitle() == caption;
+  };
+  if (std::ranges::count_if(OpenWindows(), hasCaption) <= 1) return false;
   ui.ShowMessage({.Text = kOpenOnce});
   return true;
 }

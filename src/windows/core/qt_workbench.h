@@ -37,13 +37,14 @@ class QtWorkbench : public Workbench {
 
   void FileEdit(const EditRequest& request) override;
 
-  bool HasWindow(const std::string& caption) const override;
+  bool EditsFile(const std::string& fileName) const override;
   bool CloseOtherWindows() override;
   void RefreshProjectWindow() override;
 
   bool EditsNetwork() const override;
   bool ReleaseNetwork() override;
-  void LookupRenamed(const std::string& from, const std::string& to) override;
+  void LookupsRenamed(const std::string& from, const std::string& to,
+                      const std::vector<std::string>& xsects) override;
   void LibrarySaved(const std::string& fileName) override;
 
  private:
@@ -53,6 +54,8 @@ class QtWorkbench : public Workbench {
     QPointer<EditorWindow> Open;  ///< the one window of `Instances::One`
   };
 
+  EditorWindow* EditorOf(const std::string& fileName) const;
+  bool IsOpenElsewhere(const EditRequest& request) const;
   EditorWindow* ShowEditor(const std::string& kind);
   void StoreOnClosing(EditorWindow& window, const std::string& kind);
 

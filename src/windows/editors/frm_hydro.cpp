@@ -99,7 +99,7 @@ frmHydro::frmHydro(const EditorSurroundings& around)
   ConnectFiles();
   ConnectBranch();
   for (QTabWidget* tabs : {ui_->SSTabMainH, ui_->SSTabBranchH}) {
-    connect(tabs, &QTabWidget::tabBarClicked, this, &frmHydro::EndGridEdits);
+    tabs->tabBar()->installEventFilter(this);
   }
   SubscribeMenuStatus(*this);
   ApplyWhatsThis(*this);
@@ -129,9 +129,10 @@ void frmHydro::Initialize(const EditRequest& request) {
   if (!isOpen_) close();
 }
 
-void frmHydro::LookupRenamed(const std::string& from, const std::string& to) {
+void frmHydro::LookupsRenamed(const std::string& from, const std::string& to,
+                              const std::vector<std::string>& xsects) {
   EndGridEdits();
-  desk_.LookupRenamed(from, to);
+  desk_.LookupsRenamed(from, to, xsects);
 }
 
 void frmHydro::LibrarySaved(const std::string& fileName) {
@@ -141,6 +142,13 @@ void frmHydro::LibrarySaved(const std::string& fileName) {
 
 bool frmHydro::MayClose() {
   return EndGridEdits() && desk_.QueryUnload();
+}
+
+/// Another library may be the one that the look-ups refer to now.
+bool frmHydro::Save(bool saveAs) {
+  const bool saved = EndGridEdits() && desk_.Save(saveAs);
+  ShowProfile();
+  return saved;
 }
 
 // --- The grids and the picture.
@@ -235,9 +243,19 @@ void frmHydro::OnLeaving(QWidget* field, std::function<void()> work) {
   field->installEventFilter(this);
 }
 
+/// Whether a tab bar may turn its page by such an event: not away from a cell that is refused.
+bool frmHydro::MayTurnPage(const QObject* watched, QEvent::Type type) {
+  constexpr QEvent::Type kTurning[] = {QEvent::MouseButtonPress, QEvent::KeyPress, QEvent::Wheel,
+                                       QEvent::Shortcut};
+  const bool turns =
+      qobject_cast<const QTabBar*>(watched) != nullptr && std::ranges::count(kTurning, type) > 0;
+  return !turns || EndGridEdits();
+}
+
 /// Not when a menu is opened, another window comes forward or this one goes. After the focus has
 /// moved: a message in between would leave it in neither field.
 bool frmHydro::eventFilter(QObject* watched, QEvent* event) {
+  if (!MayTurnPage(watched, event->type())) return true;
   const auto left = leaving_.find(watched);
   if (left != leaving_.end() && event->type() == QEvent::FocusOut) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
@@ -283,6 +301,7 @@ void frmHydro::ShowForm(const HydroForm& form) {
     ShowText(*findChild<QLineEdit*>(field.Control), form.*field.Text);
   }
   shown_ = form;
+  ui_->txtDescriptionH->document()->setModified(false);
   SetFileButtons();
 }
 

@@ -35,7 +35,9 @@ class frmHydro : public EditorWindow, private HydroView {
 
   void Initialize(const EditRequest& request) override;
   bool EditsNetwork() const override { return desk_.EditsNetwork(); }
-  void LookupRenamed(const std::string& from, const std::string& to) override;
+  std::string FileName() const override { return desk_.FileName(); }
+  void LookupsRenamed(const std::string& from, const std::string& to,
+                      const std::vector<std::string>& xsects) override;
   void LibrarySaved(const std::string& fileName) override;
 
  protected:
@@ -95,7 +97,8 @@ class frmHydro : public EditorWindow, private HydroView {
   std::array<Spreadsheet*, 3> Grids() const;
   /// False: an edit under way was refused, and its editor is still open.
   bool EndGridEdits();
-  bool Save(bool saveAs) { return EndGridEdits() && desk_.Save(saveAs); }
+  bool MayTurnPage(const QObject* watched, QEvent::Type type);
+  bool Save(bool saveAs);
   /// Does what takes the cells of the branch on view.
   void WithBranch(void (HydroDesk::*action)());
 

@@ -23,6 +23,7 @@ class frmXSect : public EditorWindow, private LibraryView {
   ~frmXSect() override;
 
   void Initialize(const EditRequest& request) override;
+  std::string FileName() const override { return desk_.Library().FileName; }
 
  private:
   bool MayClose() override;
