@@ -103,13 +103,6 @@ void ShowTimeLeft(const ModelLink& link, float percent) {
   link.Monitor.SetTimeRemaining("Time Remaining: " + TimeLeftText(state.TimeLeft));
 }
 
-/// Where the value axis ends: the next whole number of the largest value's power of ten.
-double AxisMaximum(float maxValue) {
-  const double x = maxValue == 0 ? 1 : maxValue;
-  const double power = std::pow(10, std::floor(std::log10(x)));
-  return (std::floor(maxValue / power) + 1) * power;
-}
-
 void ShowColumnInChart(const ModelLink& link) {
   ProgressState& state = link.State;
   if (state.ChartColumn < 1 || state.ChartColumn > state.Cols) ThrowMismatch();

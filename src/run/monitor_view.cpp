@@ -13,4 +13,10 @@ std::string ResultText(float value) {
   return fmt::format("{:.2f}", std::round(double{value} * 100) / 100 + 0.0);
 }
 
+double AxisMaximum(float maxValue) {
+  const double x = maxValue == 0 ? 1 : maxValue;
+  const double power = std::pow(10, std::floor(std::log10(x)));
+  return (std::floor(maxValue / power) + 1) * power;
+}
+
 }  // namespace lomaris

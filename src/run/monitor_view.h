@@ -71,4 +71,8 @@ class MonitorView {
 /// to be none.
 std::string ResultText(float value);
 
+/// Where the value axis of the chart ends: the next whole number of the power of ten of the largest
+/// value, which is not below 0.
+double AxisMaximum(float maxValue);
+
 }  // namespace lomaris

@@ -69,12 +69,15 @@ void RunDesk::RunItem(int index) {
   Run("mnuRunItem_Click", "frmProject", [&] { Choose(index); });
 }
 
+bool RunDesk::NoneRuns() {
+  if (!running_) return true;
+  around_.Screen.ShowMessage({.Text = "A model is still running. Wait for its end, or cancel it "
+                                      "in the window that shows its progress."});
+  return false;
+}
+
 void RunDesk::Choose(int index) {
-  if (running_ && index <= kRunBoth) {
-    around_.Screen.ShowMessage({.Text = "A model is still running. Wait for its end, or cancel it "
-                                        "in the window that shows its progress."});
-    return;
-  }
+  if (index <= kRunBoth && !NoneRuns()) return;
   if (!SaveFirst()) return;
   const KeptDirectory users;
   const std::string projectFile = ProjectFile();  // before names count from another directory

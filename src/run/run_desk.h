@@ -34,6 +34,8 @@ class RunDesk {
   void RunBoth(const BothRunOptions& options);
 
   bool IsRunning() const { return running_; }
+  /// False, which has been told: a model is still running.
+  bool NoneRuns();
 
   /// The user has chosen what the chart shows: an entry of `cboColumns`, counted from 0.
   void ChooseColumn(int entry);

@@ -14,6 +14,7 @@
 namespace lomaris {
 namespace {
 
+constexpr Qt::WindowFlags kFlags = Qt::SplashScreen | Qt::FramelessWindowHint;
 constexpr QSize kSplashSize(540, 372);
 constexpr int kFooterHeight = 42;
 constexpr int kMargin = 20;
@@ -21,20 +22,30 @@ constexpr int kTimeOnScreen = 2500;  // ms
 
 }  // namespace
 
-frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
-  setObjectName("frmSplash");
+frmSplash::frmSplash() : QWidget(nullptr, kFlags) {
   setWindowTitle(ToQt(kApplicationTitle) + " is starting");
-  setAttribute(Qt::WA_DeleteOnClose);
-  setFixedSize(kSplashSize);
-  QRect place(QPoint(), kSplashSize);
-  place.moveCenter(QGuiApplication::primaryScreen()->availableGeometry().center());
-  move(place.topLeft());
-
+  SetUp(kSplashSize);
   auto* timer = new QTimer(this);
   timer->setObjectName("Timer");
   timer->setSingleShot(true);
   connect(timer, &QTimer::timeout, this, &QWidget::close);
   timer->start(kTimeOnScreen);
+}
+
+frmSplash::frmSplash(const QPixmap& picture) : QWidget(nullptr, kFlags), picture_(picture) {
+  setWindowTitle(ToQt(kApplicationTitle));
+  const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+  const bool fits = picture.size().boundedTo(screen) == picture.size();
+  SetUp(fits ? picture.size() : picture.size().scaled(screen, Qt::KeepAspectRatio));
+}
+
+void frmSplash::SetUp(QSize size) {
+  setObjectName("frmSplash");
+  setAttribute(Qt::WA_DeleteOnClose);
+  setFixedSize(size);
+  QRect place(QPoint(), size);
+  place.moveCenter(QGuiApplication::primaryScreen()->availableGeometry().center());
+  move(place.topLeft());
   qApp->installEventFilter(this);
 }
 
@@ -45,6 +56,15 @@ bool frmSplash::eventFilter(QObject* watched, QEvent* event) {
 
 void frmSplash::paintEvent(QPaintEvent*) {
   QPainter painter(this);
+  if (picture_.isNull()) {
+    PaintStart(painter);
+  } else {
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(rect(), picture_);
+  }
+}
+
+void frmSplash::PaintStart(QPainter& painter) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.fillRect(rect(), palette().color(QPalette::Base));
   ThemedIcon("wallpaper").paint(&painter, rect().adjusted(0, 0, 0, -kFooterHeight));

@@ -68,15 +68,16 @@ void PlaceWindow(QWidget& window, const Settings& settings, const std::string& s
   MoveTo(window, KeepOnScreen(stored, AreaFor(stored, window)));
 }
 
-void GetWindowPos(QWidget& window, const Settings& settings) {
-  const std::string form = FromQt(window.objectName());
+void GetWindowPos(QWidget& window, const Settings& settings, std::string section) {
+  if (section.empty()) section = FromQt(window.objectName());
   const WindowPosition current = PositionOf(window);
-  const WindowPosition stored = GetWindowPos(settings, form, current, kAnywhere);
-  MoveTo(window, GetWindowPos(settings, form, current, AreaFor(stored, window)));
+  const WindowPosition stored = GetWindowPos(settings, section, current, kAnywhere);
+  MoveTo(window, GetWindowPos(settings, section, current, AreaFor(stored, window)));
 }
 
-void SaveWindowPos(const QWidget& window, Settings& settings) {
-  SaveWindowPos(settings, FromQt(window.objectName()), PositionOf(window));
+void SaveWindowPos(const QWidget& window, Settings& settings, std::string section) {
+  if (section.empty()) section = FromQt(window.objectName());
+  SaveWindowPos(settings, section, PositionOf(window));
 }
 
 void SetTopMostWindow(QWidget& window, bool onTop) {

@@ -22,11 +22,11 @@ void MoveTo(QWidget& window, const WindowPosition& position);
 /// when that is no longer there.
 void PlaceWindow(QWidget& window, const Settings& settings, const std::string& section);
 
-/// The same for a small window, whose section is its object name.
-void GetWindowPos(QWidget& window, const Settings& settings);
+/// The same for a small window, whose section is its object name where no other is given.
+void GetWindowPos(QWidget& window, const Settings& settings, std::string section = {});
 
 /// Stores where a small window stands.
-void SaveWindowPos(const QWidget& window, Settings& settings);
+void SaveWindowPos(const QWidget& window, Settings& settings, std::string section = {});
 
 /// Keeps a window over all others, or no longer.
 void SetTopMostWindow(QWidget& window, bool onTop);
