@@ -1,11 +1,13 @@
 #include <cstdlib>
 #include <memory>
 
+#include "core/steady_clock.h"
 #include "core/tables.h"
 #include "editors/surroundings.h"
 #include "model/hydro_input.h"
 #include "model/project_data.h"
 #include "windows/core/application.h"
+#include "windows/core/qt_processes.h"
 #include "windows/core/qt_settings.h"
 #include "windows/core/qt_shell.h"
 #include "windows/core/qt_ui.h"
@@ -13,6 +15,7 @@
 #include "windows/core/startup.h"
 #include "windows/editors/frm_hydro.h"
 #include "windows/editors/frm_xsect.h"
+#include "windows/run/run_windows.h"
 #include "windows/workspace/frm_project.h"
 
 namespace {
@@ -31,6 +34,16 @@ void AddEditors(lomaris::QtWorkbench& workbench, const lomaris::EditorSurroundin
   workbench.AddEditor("XSG", Instances::Many, [around] { return new lomaris::frmXSect(around); });
 }
 
+std::unique_ptr<lomaris::RunWindows> MakeRunWindows(lomaris::frmProject& window,
+                                                    const lomaris::RunSurroundings& around,
+                                                    lomaris::Settings& settings,
+                                                    const lomaris::HydroInput& hydro) {
+  return std::make_unique<lomaris::RunWindows>(
+      around, settings, hydro, window,
+      lomaris::ProjectActions{[&window] { return window.SaveProject(); },
+                              [&window] { window.SaveForm(); }});
+}
+
 }  // namespace
 
 int main(int, char** argv) {
@@ -44,9 +57,17 @@ int main(int, char** argv) {
   AddEditors(workbench, {records.Project, records.Hydro, records.Names, records.Session, ui,
                          settings, workbench});
 
+  const std::string folder = QCoreApplication::applicationDirPath().toStdString();
+  lomaris::QtProcesses processes;
+  lomaris::SteadyClock clock;
+  const lomaris::RunSurroundings around{records.Project, ui, settings, processes, clock, folder};
+  std::unique_ptr<lomaris::RunWindows> runs;
   const auto loadProjectWindow = [&] {
-    return std::make_unique<lomaris::frmProject>(records.Project, records.Hydro, records.Names, ui,
-                                                 settings, shell, workbench);
+    auto window = std::make_unique<lomaris::frmProject>(
+        records.Project, records.Hydro, records.Names, ui, settings, shell, workbench);
+    runs = MakeRunWindows(*window, around, settings, records.Hydro);
+    window->OfferRunMenu(*runs);
+    return window;
   };
   const std::unique_ptr<QWidget> projectWindow = lomaris::Main(
       records.Names, loadProjectWindow, ui, settings, QCoreApplication::applicationDirPath());

@@ -95,7 +95,7 @@ bool ProjectDesk::NothingElseOpen() {
 
 /// Whether the project may make room for another one, or for none.
 bool ProjectDesk::Replaceable() {
-  return SaveFirst() && OthersClosed();
+  return view_.MayLeaveProject() && SaveFirst() && OthersClosed();
 }
 
 bool ProjectDesk::LoadProject(const std::string& fileName) {
@@ -125,7 +125,7 @@ void ProjectDesk::ShowCaption() {
 
 bool ProjectDesk::Open() {
   return RunAction("mnuFileOpen_Click", [&] {
-    if (!SaveFirst()) return false;
+    if (!view_.MayLeaveProject() || !SaveFirst()) return false;
     BrowseRequest request{.Filter = around_.SharedTables.FileFilter[kProjectFilter],
                           .Title = "Open"};
     const std::vector<std::string> chosen = BrowseFiles(request, around_.Screen, around_.Store);

@@ -12,6 +12,10 @@ class ProjectView {
  public:
   virtual ~ProjectView() = default;
 
+  /// Whether the project may be closed, or make room for another one. False: something still needs
+  /// it, and the user has been told.
+  virtual bool MayLeaveProject() = 0;
+
   /// What stands in the controls now.
   virtual ProjectForm Form() const = 0;
 

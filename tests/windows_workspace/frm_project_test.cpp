@@ -94,6 +94,35 @@ TEST_F(ProjectWindow, OffersOnlyWhatIsThere) {
   EXPECT_TRUE(Find<QMenu>("mnuEdit")->menuAction()->isEnabled());
 }
 
+class FakeRuns : public RunMenu {
+ public:
+  std::vector<int> Chosen;
+  bool Running = false;
+  void RunItem(int index) override { Chosen.push_back(index); }
+  bool MayLeaveProject() override { return !Running; }
+};
+
+TEST_F(ProjectWindow, RunsModelsAndStaysWhileOneRuns) {
+  FakeRuns runs;
+  MakeWindow();
+  window->OfferRunMenu(runs);
+  const char* const items[] = {"mnuRunItem0", "mnuRunItem1", "mnuRunItem2", "mnuRunItem4",
+                               "mnuRunItem6"};
+  for (const char* item : items) EXPECT_FALSE(Action(item)->isEnabled()) << item;
+  OpenProject();
+  for (const char* item : items) Action(item)->trigger();
+  EXPECT_EQ(runs.Chosen, (std::vector<int>{0, 1, 2, 4, 6}));
+  runs.Running = true;
+  const std::string name = project.FileName;
+  for (const char* way : {"mnuFileOpen", "mnuFileOpenLast", "mnuFileClose", "mnuFileExit"}) {
+    Action(way)->trigger();
+  }
+  EXPECT_FALSE(window->OpenProject(folder.Write("other.prj", "")));
+  EXPECT_TRUE(project.FileName == name && ui.FileDialogs.empty() && window->isVisible());
+  runs.Running = false;
+  EXPECT_TRUE(window->close());
+}
+
 TEST_F(ProjectWindow, ShowsEverySlotAndSavesWhatIsChanged) {
   MakeWindow();
   OpenProject();

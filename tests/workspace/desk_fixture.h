@@ -21,6 +21,7 @@ class FakeView : public ProjectView {
   std::vector<std::string> RecentNames;
   std::size_t Focus = kFileSlotCount;
 
+  bool MayLeaveProject() override { return true; }
   ProjectForm Form() const override { return Shown; }
   void ShowForm(const ProjectForm& form, bool projectOpen) override {
     Shown = form;

@@ -104,6 +104,10 @@ bool frmProject::eventFilter(QObject* watched, QEvent* event) {
   return QMainWindow::eventFilter(watched, event);
 }
 
+bool frmProject::MayLeaveProject() {
+  return runs_ == nullptr || runs_->MayLeaveProject();
+}
+
 ProjectForm frmProject::Form() const {
   ProjectForm form;
   form.Description = FromQt(ui_->txtDescription->toPlainText());

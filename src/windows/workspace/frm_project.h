@@ -7,6 +7,7 @@
 #include <set>
 
 #include "windows/core/qt_workbench.h"
+#include "windows/core/run_menu.h"
 #include "workspace/project_desk.h"
 
 class QComboBox;
@@ -31,6 +32,13 @@ class frmProject : public QMainWindow, private ProjectView {
   /// Opens a project as File | Open does once its name is known.
   bool OpenProject(const std::string& fileName) { return desk_.OpenProject(fileName); }
 
+  /// From now on the Run menu is offered. `runs` outlives the window.
+  void OfferRunMenu(RunMenu& runs);
+
+  // For a run, before it begins.
+  bool SaveProject() { return desk_.SaveProject(false); }
+  void SaveForm() { desk_.SaveForm(); }
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
@@ -38,6 +46,7 @@ class frmProject : public QMainWindow, private ProjectView {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool MayLeaveProject() override;
   ProjectForm Form() const override;
   void ShowForm(const ProjectForm& form, bool projectOpen) override;
   void ShowFilesTab() override;
@@ -77,6 +86,7 @@ class frmProject : public QMainWindow, private ProjectView {
   lomaris::Ui& screen_;
   Settings& settings_;
   QMenu* mnuOpenPopup_;
+  RunMenu* runs_ = nullptr;  ///< none: there is nothing to run a model with
   std::set<const QAction*> offered_;
   bool showing_ = false;  ///< the controls are being filled: their signals are not the user's
   bool projectOpen_ = false;

@@ -28,6 +28,7 @@ namespace {
 
 constexpr std::size_t kFirstSlotItem = 5;  ///< index of slot 0 in the Edit menu
 constexpr int kContentsTopic = 1;
+constexpr std::size_t kRunItems[] = {0, 1, 2, 4, 6};
 
 struct ActionIcon {
   const char* Action;
@@ -133,6 +134,14 @@ void frmProject::OfferHelpMenu() {
   Offer(ui_->mnuHelpItem3, [this] { desk_.OpenWebSite(); });
   Offer(ui_->mnuHelpItem4, [this] { desk_.MailTechSupport(); });
   Offer(ui_->mnuHelpItem6, [this] { ShowAbout(); });
+}
+
+void frmProject::OfferRunMenu(RunMenu& runs) {
+  runs_ = &runs;
+  for (const std::size_t index : kRunItems) {
+    Offer(ItemOf("mnuRunItem", index), [this, index] { runs_->RunItem(static_cast<int>(index)); });
+  }
+  SetProjectMenus(projectOpen_);
 }
 
 void frmProject::OfferFileList() {
