@@ -2,7 +2,6 @@
 //
 //   tour_driver <project file> <folder for the pictures>
 
-#include <QDir>
 #include <QMenu>
 #include <QPalette>
 #include <QPlainTextEdit>
@@ -13,10 +12,15 @@
 #include <QToolButton>
 #include <cstdio>
 
+#include "album.h"
+#include "core/files.h"
+#include "core/steady_clock.h"
+#include "run_pictures.h"
 #include "windows/core/application.h"
 #include "windows/core/frm_select.h"
 #include "windows/core/frm_splash.h"
 #include "windows/core/help_window.h"
+#include "windows/core/qt_processes.h"
 #include "windows/core/qt_settings.h"
 #include "windows/core/qt_shell.h"
 #include "windows/core/qt_ui.h"
@@ -24,6 +28,7 @@
 #include "windows/core/whats_this.h"
 #include "windows/editors/frm_hydro.h"
 #include "windows/editors/frm_xsect.h"
+#include "windows/run/run_windows.h"
 #include "windows/spreadsheet/spreadsheet.h"
 #include "windows/workspace/frm_project.h"
 
@@ -32,29 +37,6 @@ namespace {
 using namespace lomaris;
 
 constexpr QSize kWindowSize(1024, 700);
-
-/// Keeps pictures, and the count of those that could not be kept.
-class Album {
- public:
-  explicit Album(const QString& folder) : folder_(folder) {}
-
-  void Keep(QWidget* widget, const QString& name) {
-    QTest::qWait(150);  // what a short timer shows as well
-    const QString path = folder_.filePath(name + ".png");
-    if (widget != nullptr && widget->grab().save(path)) {
-      std::printf("%s\n", qPrintable(path));
-      return;
-    }
-    std::fprintf(stderr, "no picture of %s\n", qPrintable(name));
-    ++missing_;
-  }
-
-  int Missing() const { return missing_; }
-
- private:
-  QDir folder_;
-  int missing_ = 0;
-};
 
 QPalette DarkPalette() {
   QPalette dark(QColor(0x2b, 0x2d, 0x30));
@@ -175,7 +157,14 @@ void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
   album.Keep(splash, "splash");
   splash->close();
 
+  SteadyClock clock;
+  QtProcesses processes;
+  std::unique_ptr<RunWindows> runs;
   frmProject window(data, hydro, tables, ui, settings, shell, workbench);
+  runs = std::make_unique<RunWindows>(
+      RunSurroundings{data, ui, settings, processes, clock, FolderOf(project)}, settings, hydro,
+      window, ProjectActions{[] { return true; }, [] {}});
+  window.OfferRunMenu(*runs);
   window.resize(kWindowSize);
   window.show();
   album.Keep(&window, "project_empty");
@@ -186,9 +175,11 @@ void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
   ShowHelpContents(1, settings);
   album.Keep(HelpWindow(), "help");
 
+  ShowTheRun(window, ui, settings, album, "");
   QWidget* network = ShowTheNetwork(workbench, album);
   QWidget* library = ShowTheLibrary(workbench, album);
   ShowInTheDark(window, *network, *library, album);
+  ShowTheRun(window, ui, settings, album, "_dark");
   HelpWindow()->close();
   workbench.CloseOtherWindows();
 }
