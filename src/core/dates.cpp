@@ -170,26 +170,37 @@ double TakeDayFromHour(float& hour, Ui& ui) {
   return 0;
 }
 
+/// Whole hours, and the minutes of what is left of them to the nearest, ties to even.
+struct TimeFields {
+  float Hours;
+  float Minutes;
+};
+
+TimeFields SplitHour(float hour) {
+  // Long series have an hour in every step: the common ones take no call.
+  const float hours =
+      hour >= 0 && hour <= 24 ? static_cast<float>(static_cast<int>(hour)) : std::floor(hour);
+  return {hours, hour == hours ? 0 : std::nearbyint((hour - hours) * 60)};
+}
+
 /// Nothing when the fields make no date. A year of fewer than three digits is none either: it would
 /// have to be guessed at.
-std::optional<ModelDateTime> Composed(int year, int month, int day, float wholeHours,
-                                      float minutes) {
-  if (!(wholeHours >= 0 && wholeHours < 24 && minutes < 60)) return std::nullopt;
+std::optional<ModelDateTime> Composed(int year, int month, int day, TimeFields time) {
+  if (!(time.Hours >= 0 && time.Hours < 24 && time.Minutes < 60)) return std::nullopt;
   const std::optional<ModelDateTime> date = DateSerial(year, month, day);
   if (!date) return std::nullopt;
-  return *date + static_cast<double>(wholeHours * 3600 + minutes * 60) / kSecondsPerDay;
+  return *date + static_cast<double>(time.Hours * 3600 + time.Minutes * 60) / kSecondsPerDay;
 }
 
 void Compose(int year, int month, int day, float& hour, ModelDateTime& dateTime, Ui& ui) {
   const double extraDay = TakeDayFromHour(hour, ui);
-  const float wholeHours = std::floor(hour);
-  const float minutes = std::nearbyint((hour - wholeHours) * 60);
-  const std::optional<ModelDateTime> date = Composed(year, month, day, wholeHours, minutes);
+  const TimeFields time = SplitHour(hour);
+  const std::optional<ModelDateTime> date = Composed(year, month, day, time);
   if (!date) {
     ui.ShowMessage(
         {.Text = fmt::format("Unable to interpret date passed to ConvertDateTime routine: "
                              "{}/{}/{} {}:{}",
-                             month, day, year, TwoDigits(wholeHours), TwoDigits(minutes)),
+                             month, day, year, TwoDigits(time.Hours), TwoDigits(time.Minutes)),
          .Title = "Error"});
     return;
   }

@@ -119,6 +119,11 @@ class ReaderState {
   template <class Variable>
   bool Take(std::string_view field, Variable& variable);
 
+  /// Takes a line that holds just these numbers as they stand, as nearly every line does. False for
+  /// any other.
+  template <class... Numbers>
+  bool TakePlain(Numbers&... numbers);
+
   /// Shows the report of a field that could not be converted.
   Answer ReportField();
 
@@ -159,11 +164,38 @@ void ReaderState::ReadLine(Variables&... variables) {
   constexpr bool hasText = (std::is_same_v<Variables, std::string> || ...);
   if constexpr (hasText && sizeof...(Variables) == 1) {
     ((variables = Trim(CurrentLine)), ...);
-  } else {
+    return;
+  }
+  if constexpr (((std::is_arithmetic_v<Variables> && !std::is_same_v<Variables, bool>)&&...)) {
+    if (TakePlain(variables...)) return;
+  }
+  if constexpr (!hasText || sizeof...(Variables) > 1) {
     const Fields fields = hasText ? SplitAtTabs() : SplitAtBlanks();
     std::size_t place = 0;
     (Take(fields[place++], variables) && ...);
   }
+}
+
+template <class... Numbers>
+bool ReaderState::TakePlain(Numbers&... numbers) {
+  const char* c = CurrentLine.data();
+  const char* const end = c + CurrentLine.size();
+  const auto skipBlanks = [&] {
+    while (c != end && IsBlank(*c)) ++c;
+  };
+  const auto take = [&](auto& number) {
+    skipBlanks();
+    auto value = number;
+    const auto [behind, error] = std::from_chars(c, end, value);
+    if (error != std::errc() || (behind != end && !IsBlank(*behind))) return false;
+    if (!std::isfinite(static_cast<double>(value))) return false;
+    number = value;
+    c = behind;
+    return true;
+  };
+  if (!(take(numbers) && ...)) return false;
+  skipBlanks();
+  return c == end;
 }
 
 /// False: the reader's routine is to be left.
