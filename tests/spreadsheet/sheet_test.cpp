@@ -2,6 +2,8 @@
 
 #include <random>
 
+#include <fmt/format.h>
+
 #include "core/error_of.h"
 #include "spreadsheet/cell_checks.h"
 #include "spreadsheet/sheet_fixture.h"
@@ -212,38 +214,30 @@ TEST_F(SheetTest, TheHistoryIsBoundedButKeepsTheLatestStep) {
 
 TEST_F(SheetTest, AStepThatFailsIsTakenBackWithTheOwnersTables) {
   Set("1|2|3|4");
-  int rows = 4, calls = 0, failing = 1;
-  const auto fail = [&] {
-    if (++calls == failing) throw RuntimeError(ErrorNumber::Overflow);
+  int rows = 4, calls = 0, failing = 0;
+  const auto event = [&](int by) {
+    return [&, by](int, int count, auto&&...) {
+      if (++calls == failing) throw RuntimeError(ErrorNumber::Overflow);
+      rows += by * count;
+    };
   };
-  sheet_.Events.BeforeRowInsert = [&](int, int count, bool&) {
-    fail();
-    rows += count;
-  };
-  sheet_.Events.BeforeRowDelete = [&](int, int count, bool&) { rows -= count; };
-  sheet_.Events.AfterRowInsert = sheet_.Events.AfterRowDelete = [&](int, int) { fail(); };
-  sheet_.Events.Change = fail;
-  const auto failsAt = [&](int call, const std::function<void()>& act) {
+  sheet_.Events = {[&] { event(0)(0, 0); }, event(1), event(-1), event(0), event(0)};
+  const auto errorAt = [&](int call, const std::function<void()>& act) {
     calls = 0;
     failing = call;
     return ErrorOf(act);
   };
-  const auto insert = [&] { sheet_.InsertLines(Axis::Rows, 1, 1); };
-  const auto undo = [&] { sheet_.Undo(); };
-  for (int call = 1; call <= 3; ++call) EXPECT_EQ(failsAt(call, insert), 6) << call;
-  EXPECT_EQ(failsAt(1, [&] { sheet_.EndEdit(1, 1, "3"); }), 6);
-  EXPECT_EQ(failsAt(0, [&] { sheet_.InsertLines(Axis::Rows, 1, 1'000'000'000); }), 7);
-  EXPECT_EQ(All() + ' ' + std::to_string(rows), "1|2|3|4 4");
-  EXPECT_FALSE(sheet_.CanUndo() || sheet_.Modified);
+  const auto state = [&] { return fmt::format("{} {} {}", All(), rows, sheet_.Modified); };
+  for (int call = 1; call <= 3; ++call) {
+    EXPECT_EQ(errorAt(call, [&] { sheet_.InsertLines(Axis::Rows, 1, 1); }), 6) << call;
+  }
+  EXPECT_EQ(errorAt(0, [&] { sheet_.InsertLines(Axis::Rows, 1, 1'000'000'000); }), 7);
+  EXPECT_EQ(state(), "1|2|3|4 4 false");
   sheet_.SetReadOnlyRow(3, true);
-  failing = 0;
   Run(SheetCommand::Delete, {2, 1, 4, 1});
   sheet_.Modified = false;
-  for (int call = 1; call <= 5; ++call) EXPECT_EQ(failsAt(call, undo), 6) << call;
-  EXPECT_EQ(All() + ' ' + std::to_string(rows), "1|3 2");
-  EXPECT_FALSE(sheet_.Modified);
-  EXPECT_EQ(failsAt(0, undo), 0);
-  EXPECT_EQ(All() + ' ' + std::to_string(rows), "1|2|3|4 4");
+  for (int call = 1; call <= 5; ++call) EXPECT_EQ(errorAt(call, [&] { sheet_.Undo(); }), 6);
+  EXPECT_EQ(state(), "1|3 2 false");
 }
 
 TEST_F(SheetTest, FindsTheNextTextAndJumpsByBlocks) {

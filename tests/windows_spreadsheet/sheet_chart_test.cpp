@@ -18,7 +18,7 @@ class SheetChartTest : public testing::Test {
  protected:
   SheetChartTest() {
     for (const char* row : {"1\tx\t10", "2\t2\t20", "3\t3\t30"}) sheet_.AddItem(row);
-    sheet_.SetColFormat(2, {FormatKind::Number, "0;50"});
+    sheet_.SetColFormat(2, {FormatKind::Number, "0;30.5"});
     chart_.resize(600, 400);
     chart_.show();
   }
@@ -94,8 +94,19 @@ TEST_F(SheetChartTest, PointsAreChangedByMouseAndByKeys) {
   const double perPixel = plot->yAxis->range().size() / plot->axisRect()->height();
   drag(Pixel(2, 20), Pixel(2, 25));
   EXPECT_NEAR(ToDouble(sheet_.TextMatrix(2, 2)), 25, perPixel);
+  const double top = plot->yAxis->range().upper;
   drag(Pixel(1, 10), Pixel(1, 90));
   EXPECT_EQ(ui_.Beeps, 1) << "beyond the cell's range";
+  EXPECT_EQ(plot->yAxis->range().upper, top) << "the point stays at the edge";
+  QTest::mousePress(plot, Qt::LeftButton, {}, Pixel(3, 30));
+  QTest::mouseMove(plot, Pixel(3, 20));
+  QTest::keyClick(&chart_, Qt::Key_Delete);
+  QTest::mouseRelease(plot, Qt::RightButton, {}, Pixel(3, 20));
+  Choose("mnuChartPointStop");
+  QTest::mouseMove(plot, Pixel(3, 15));
+  QTest::mouseRelease(plot, Qt::LeftButton, {}, Pixel(3, 15));
+  EXPECT_TRUE(sheet_.Rows() == 4 && sheet_.TextMatrix(3, 2) == "30");
+  Choose("mnuChartEdit");
   const std::pair<const char*, std::string> keys[] = {
       {"Ctrl+Z", "10 20 30 "},      {"Right", "10 20 30 "},     {"Up", "10 20.1 30 "},
       {"Ins", "10 15.05 20.1 30 "}, {"Down", "10 15 20.1 30 "}, {"Del", "10 20.1 30 "},

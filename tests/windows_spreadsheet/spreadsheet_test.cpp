@@ -1,5 +1,7 @@
 #include "windows/spreadsheet/spreadsheet.h"
 
+#include <QClipboard>
+#include <QDateTimeEdit>
 #include <QHeaderView>
 #include <QSignalSpy>
 #include <QTest>
@@ -9,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "support/scripted_ui.h"
+#include "windows/core/plot.h"
 
 namespace lomaris {
 namespace {
@@ -94,8 +97,8 @@ TEST_F(Table, KeysMoveAndExtendTheSelection) {
   // The keys, and from where to where the selection then reaches.
   const QString steps =
       "Return 3,3-3,3 Shift+Down 3,3-4,3 Shift+Right 3,3-4,4 Ctrl+Shift+Down 3,3-8,4 Left 3,2-3,2 "
-      "Ctrl+Home 1,1-1,1 Up 1,1-1,1 Shift+Backtab 1,1-1,1 End 1,6-1,6 Tab 2,1-2,1 "
-      "Shift+Backtab 1,6-1,6 Ctrl+Space 1,6-8,6 Shift+Left 1,6-8,5 PgDown 8,6-8,6 Tab 8,6-8,6 "
+      "Ctrl+Home 1,1-1,1 Up 1,1-1,1 Shift+Backtab 1,1-1,1 End 1,6-1,6 Shift+Backtab 1,5-1,5 "
+      "Tab 1,6-1,6 Tab 1,6-1,6 Ctrl+Space 1,6-8,6 Shift+Left 1,6-8,5 PgDown 8,6-8,6 Tab 8,6-8,6 "
       "Shift+Space 8,1-8,6 Ctrl+A 1,1-8,6";
   const QStringList words = steps.split(' ');
   for (int i = 0; i < words.size(); i += 2) {
@@ -180,6 +183,35 @@ TEST_F(Table, KeysThatTheKindForbidsBeep) {
   EXPECT_FALSE(text->isVisible());
 }
 
+TEST_F(Table, AnEditIsGivenUpWhereItsCellIsLost) {
+  const std::function<void()> losses[] = {[&] { sheet.ReadOnly = true; }, [&] { sheet.SetRows(3); },
+                                          [&] { sheet.SetReadOnlyRow(2, true); }};
+  for (const auto& lose : losses) {
+    sheet.ReadOnly = false;
+    table->ShowCell(8, kText);
+    Type("abc");
+    lose();
+    EXPECT_TRUE(table->EndEdit() && !text->isVisible() && ui.Messages.empty());
+  }
+  sheet.Events.Change = [&] { table->hide(); };
+  table->ShowCell(1, kText);
+  Type("x");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(At(1, kText), "x");
+}
+
+TEST_F(Table, ATextIsStoredAsTypedAndOnlyThen) {
+  const std::string odd(40000, 'x');
+  sheet.SetTextMatrix(2, kText, odd + "\ty");
+  for (const std::string& stored : {odd + "\ty", odd + " y a b"}) {
+    table->ShowCell(2, kText);
+    Press(Qt::Key_F2);
+    if (stored.ends_with('b')) text->insert("\r\na\nb");
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(At(2, kText) == stored && sheet.Modified == stored.ends_with('b'));
+  }
+}
+
 TEST_F(Table, DatesChoicesAndFilesHaveControlsOfTheirOwn) {
   sheet.SetDate(2, kDate, *ParseDate("2031-05-09 06:30"));
   table->ShowCell(2, kDate);
@@ -187,7 +219,21 @@ TEST_F(Table, DatesChoicesAndFilesHaveControlsOfTheirOwn) {
   Type("06");
   Press(Qt::Key_Return);
   EXPECT_EQ(sheet.DateOf(2, kDate), ParseDate("2031-06-09 06:30"));
-  sheet.SetTextMatrix(4, kChoice, "No");
+  auto* picker = table->findChild<QDateTimeEdit*>();
+  Press(Qt::Key_Up);
+  Press(Qt::Key_F2);
+  QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(picker, &wheel);
+  picker->setSelectedSection(QDateTimeEdit::YearSection);
+  Type("98");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(sheet.DateOf(2, kDate), ParseDate("1998-06-09 06:30"));
+  sheet.SetTextMatrix(4, kChoice, "maybe");
+  table->ShowCell(4, kChoice);
+  Press(Qt::Key_F2);
+  Press(Qt::Key_Tab);
+  EXPECT_EQ(At(4, kChoice), "maybe");
+  sheet.SetTextMatrix(4, kChoice, "no");
   table->ShowCell(4, kChoice);
   Press(Qt::Key_F2);
   auto* list = table->findChild<QComboBox*>("Combo1");
@@ -255,6 +301,41 @@ TEST_F(Table, ShowsChangesAtOnceAndOnlyCellsThatAreThere) {
   ClickCell(1, 1);
   EXPECT_EQ(Selected(), "2,2-2,2") << "heads are not selected";
   EXPECT_EQ(refreshed.count(), 3);
+}
+
+TEST_F(Table, AHeadChoosesAWholeColumnOfASingleRow) {
+  table->SetColWidthText(3, QString(30, '9'));
+  const int wide = view->columnWidth(2);
+  sheet.SetRows(2);
+  QApplication::processEvents();
+  QTest::mouseClick(view->horizontalHeader()->viewport(), Qt::LeftButton, {},
+                    {view->columnViewportPosition(1) + 5, 5});
+  Entry("mnuEditItem12")->trigger();
+  QApplication::processEvents();
+  EXPECT_TRUE(sheet.Cols() == 6 && view->columnWidth(1) == wide) << "widths move along";
+}
+
+TEST_F(Table, TheChartTakesTheMenusKeysAndMakesWayForACell) {
+  sheet.SetTextMatrix(2, kNumber, "1");
+  table->setProperty("ChartType", 2);
+  Entry("mnuEditItem13")->trigger();
+  auto* chart = table->findChild<SheetChart*>();
+  EXPECT_TRUE(chart->findChild<QAction*>("mnuChartType2")->isChecked());
+  QApplication::clipboard()->clear();
+  table->SendKeystroke(Qt::Key_C);
+  EXPECT_FALSE(QApplication::clipboard()->pixmap().isNull());
+  QKeyEvent copy(QEvent::ShortcutOverride, Qt::Key_C, Qt::ControlModifier);
+  copy.ignore();
+  QApplication::sendEvent(chart, &copy);
+  EXPECT_TRUE(copy.isAccepted()) << "before the window's shortcuts";
+  table->hide();
+  sheet.SetTextMatrix(0, kNumber, "Flow");
+  QApplication::processEvents();
+  table->show();
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return chart->findChild<Plot*>()->plottable(0)->name() == "Flow"; }));
+  table->ShowCell(5, kText);
+  EXPECT_TRUE(view->isVisible());
 }
 
 TEST_F(Table, MarksAndFindsCells) {

@@ -7,8 +7,7 @@
 namespace lomaris {
 namespace {
 
-constexpr int kMostShown = 500;  // characters; no column is as wide as more of them
-constexpr int kCornerSize = 7;   // pixels
+constexpr int kCornerSize = 7;  // pixels
 
 const QColor kFault(0xd0, 0x30, 0x30);
 
@@ -73,8 +72,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const QRect place = option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
     painter->setPen(option.palette.color(group, look.Head ? QPalette::ButtonText : QPalette::Text));
     const auto alignment = look.Number ? Qt::AlignRight : Qt::AlignLeft;
-    const QString text =
-        option.fontMetrics.elidedText(look.Text.left(kMostShown), Qt::ElideRight, place.width());
+    const QString text = option.fontMetrics.elidedText(look.Text, Qt::ElideRight, place.width());
     painter->drawText(place, alignment | Qt::AlignVCenter | Qt::TextSingleLine, text);
   }
   if (!look.Mark.isEmpty()) DrawCorner(*painter, option.rect);
@@ -84,7 +82,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 }
 
 QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  const QString text = model_.LookOf(model_.PlaceOf(index)).Text.left(kMostShown);
+  const QString text = model_.LookOf(model_.PlaceOf(index)).Text;
   return {option.fontMetrics.horizontalAdvance(text) + 2 * kCellMargin + 2,
           option.fontMetrics.height() + kCellMargin};
 }

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "core/error_report.h"
@@ -24,6 +25,15 @@ bool IsTab(int key) {
   return key == Qt::Key_Tab || key == Qt::Key_Backtab;
 }
 
+/// Two digits of a year mean 1930 to 2029, but for those of the year that the cell held.
+QDateTime InCentury(const QDateTime& typed, const QDateTime& before) {
+  const int year = typed.date().year() % 100;
+  const int yearBefore = before.date().year();
+  int meant = year < 30 ? 2000 + year : 1900 + year;
+  if (year == yearBefore % 100) meant = yearBefore;
+  return typed.addYears(meant - typed.date().year());
+}
+
 }  // namespace
 
 CellEditor::CellEditor(Sheet& sheet, Ui& screen, Settings& settings, QWidget& ground)
@@ -39,6 +49,7 @@ CellEditor::CellEditor(Sheet& sheet, Ui& screen, Settings& settings, QWidget& gr
   text_->setObjectName("Text1");
   text_->setFrame(false);
   choice_->setObjectName("Combo1");
+  text_->setMaxLength(std::numeric_limits<int>::max());
   date_->setObjectName("DTPicker1");
   date_->setTimeSpec(Qt::UTC);  // every hour of every day exists
   date_->setDateRange({100, 1, 1}, {9999, 12, 31});
@@ -51,6 +62,8 @@ CellEditor::CellEditor(Sheet& sheet, Ui& screen, Settings& settings, QWidget& gr
     control->installEventFilter(this);
   }
   list_->installEventFilter(this);
+  connect(date_->findChild<QLineEdit*>(), &QLineEdit::textEdited, this,
+          [this] { yearTyped_ |= date_->currentSection() == QDateTimeEdit::YearSection; });
   connect(choice_, &QComboBox::activated, this, &CellEditor::End);
   refusal_.setSingleShot(true);
   connect(&refusal_, &QTimer::timeout, this, &CellEditor::EndRefusal);
@@ -60,6 +73,7 @@ void CellEditor::Open(CellPlace place, const QRect& where, EditStart start, cons
   if (!End() || !sheet_.CanEdit(place.Row, place.Col)) return;
   place_ = place;
   where_ = where;
+  moved_ = false;
   const FormatKind kind = sheet_.FormatOf(place.Row, place.Col).Kind;
   if (!KeyAllowed(kind, FromQt(typed))) return screen_.Beep();
   if (kind == FormatKind::Choice) return OpenChoice(typed);
@@ -74,11 +88,14 @@ void CellEditor::Open(CellPlace place, const QRect& where, EditStart start, cons
 void CellEditor::OpenText(EditStart start, const QString& typed) {
   const bool byKey = start == EditStart::Typed;
   text_->setText(byKey ? QString() : ToQt(sheet_.TextMatrix(place_.Row, place_.Col)));
+  textBefore_.reset();
+  if (!byKey) textBefore_ = text_->text();
   Show(*text_);
   if (byKey) TakeTyped(typed);
 }
 
-/// A key that is typed looks for its item, as it does in the open list.
+/// The cell's item is looked for in any case where none is just the same. A key that is typed looks
+/// for its item, as it does in the open list.
 void CellEditor::OpenChoice(const QString& typed) {
   Trap trap(screen_, "mnuEditItem_Click", "Form", "Spreadsheet");
   const StepEnd end = trap.Run([&] {
@@ -88,7 +105,9 @@ void CellEditor::OpenChoice(const QString& typed) {
     }
   });
   if (end != StepEnd::Done) return;
-  choice_->setCurrentIndex(choice_->findText(ToQt(sheet_.TextMatrix(place_.Row, place_.Col))));
+  const QString text = ToQt(sheet_.TextMatrix(place_.Row, place_.Col));
+  const int same = choice_->findText(text);
+  choice_->setCurrentIndex(same < 0 ? choice_->findText(text, Qt::MatchFixedString) : same);
   Show(*choice_);
   choice_->showPopup();
   if (!typed.isEmpty()) list_->keyboardSearch(typed);
@@ -97,13 +116,18 @@ void CellEditor::OpenChoice(const QString& typed) {
 void CellEditor::OpenDate(ModelDateTime dateTime) {
   date_->setDateTime(DateToQt(dateTime));
   dateBefore_ = date_->dateTime();
+  yearTyped_ = false;
   Show(*date_);
 }
 
 void CellEditor::AskFileName() {
   const QString before = text_->text();
   BrowseForFile(kAllFiles, *text_, screen_, settings_);
-  text_->text() == before ? GiveUp() : static_cast<void>(End());
+  if (text_->text() == before) {
+    GiveUp();
+  } else {
+    End();
+  }
 }
 
 void CellEditor::Show(QWidget& control) {
@@ -133,25 +157,60 @@ void CellEditor::GiveUp() {
   Close();
 }
 
-/// A date that was only looked at stays what it is: the control does not know its seconds.
+/// A text that is none of the items stays until one is chosen.
 bool CellEditor::Store() {
-  if (open_ == choice_) {
-    return sheet_.EndEdit(place_.Row, place_.Col, FromQt(choice_->currentText()));
-  }
-  if (open_ == text_) return sheet_.EndEdit(place_.Row, place_.Col, FromQt(text_->text()));
-  date_->interpretText();
-  return date_->dateTime() == dateBefore_ ||
-         sheet_.EndEdit(place_.Row, place_.Col, DateFromQt(date_->dateTime()));
+  if (open_ == text_) return StoreText();
+  if (open_ == date_) return StoreDate();
+  return choice_->currentIndex() < 0 ||
+         sheet_.EndEdit(place_.Row, place_.Col, FromQt(choice_->currentText()));
 }
 
+/// A text that was only looked at is checked, but not stored: the control may not have shown it as
+/// it is. A cell is one line of one cell.
+bool CellEditor::StoreText() {
+  if (text_->text() == textBefore_) {
+    const Format& format = sheet_.FormatOf(place_.Row, place_.Col);
+    return CheckedText(format, sheet_.TextMatrix(place_.Row, place_.Col)).has_value();
+  }
+  QString text = text_->text().replace("\r\n", " ");
+  for (const char separator : {'\t', '\r', '\n'}) text.replace(separator, ' ');
+  return sheet_.EndEdit(place_.Row, place_.Col, FromQt(text));
+}
+
+/// A date that was only looked at stays what it is, and nothing has changed: the control does not
+/// know its seconds, and a text that is a date in another form keeps it.
+bool CellEditor::StoreDate() {
+  date_->interpretText();
+  QDateTime date = date_->dateTime();
+  if (date == dateBefore_) return true;
+  if (yearTyped_) date = InCentury(date, dateBefore_);
+  return sheet_.EndEdit(place_.Row, place_.Col, DateFromQt(date));
+}
+
+void CellEditor::FollowLines(Axis axis, int first) {
+  moved_ |= first <= (axis == Axis::Rows ? place_.Row : place_.Col);
+}
+
+bool CellEditor::IsLost() const {
+  return IsOpen() && (moved_ || !sheet_.CanEdit(place_.Row, place_.Col));
+}
+
+/// What the owner does on a change may close the control on its own, by hiding the table for one.
 bool CellEditor::End() {
   if (!IsOpen() || ending_) return true;
+  if (IsLost()) GiveUp();
+  if (!IsOpen()) return true;
   if (IsRefused()) return false;
   const RaisedFlag ending(ending_);
   bool stored = false;
   Trap trap(screen_, "EndEdit", "Form", "Spreadsheet");
   if (trap.Run([&] { stored = Store(); }) != StepEnd::Done) return false;
-  stored ? Close() : ShowRefusal();
+  if (!IsOpen()) return true;
+  if (stored) {
+    Close();
+  } else {
+    ShowRefusal();
+  }
   return stored;
 }
 
@@ -179,6 +238,11 @@ void CellEditor::EndRefusal() {
 bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
   const bool list = watched == list_;
   if (!IsOpen() || (watched != open_ && !list)) return false;
+  const bool input = event->type() == QEvent::KeyPress || event->type() == QEvent::InputMethod;
+  if (input && IsLost()) {
+    GiveUp();
+    return true;
+  }
   switch (event->type()) {
     case QEvent::ShortcutOverride:
       event->accept();  // while a cell is edited, all keys are its own
@@ -191,6 +255,9 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
       const QString typed = static_cast<QInputMethodEvent*>(event)->commitString();
       return watched == text_ && !typed.isEmpty() && TakeTyped(typed);
     }
+    case QEvent::Wheel:
+      event->ignore();  // it scrolls the table, and changes nothing
+      return !list;
     case QEvent::FocusOut:
       if (!list) FocusLost(static_cast<QFocusEvent*>(event)->reason());
       return false;
@@ -215,10 +282,14 @@ bool CellEditor::TakeKey(const QKeyEvent& key) {
   return true;
 }
 
-/// The keys of the open list that end the edit; the others choose within it.
+/// The keys of the open list that end the edit; the others choose within it. An item that is only
+/// where the list has its focus, as the first one of a list without the cell's text, is not chosen.
 bool CellEditor::TakeListKey(const QKeyEvent& key) {
   if (!IsEnter(key.key()) && !IsTab(key.key()) && key.key() != Qt::Key_Escape) return false;
-  if (key.key() != Qt::Key_Escape) choice_->setCurrentIndex(list_->currentIndex().row());
+  const QModelIndex item = list_->currentIndex();
+  if (key.key() != Qt::Key_Escape && list_->selectionModel()->isSelected(item)) {
+    choice_->setCurrentIndex(item.row());
+  }
   choice_->hidePopup();
   return TakeKey(key);
 }

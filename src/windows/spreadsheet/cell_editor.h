@@ -40,8 +40,15 @@ class CellEditor : public QObject {
   /// The cell has moved.
   void MoveTo(const QRect& where);
 
-  /// Stores what stands in the control and closes it. False: it was refused.
+  /// Stores what stands in the control and closes it. False: it was refused. A cell that is lost
+  /// takes nothing.
   bool End();
+
+  /// Lines of the sheet have come or gone from line `first` on.
+  void FollowLines(Axis axis, int first);
+
+  /// The cell has moved or gone, or has been closed to edits, while it was edited.
+  bool IsLost() const;
 
   /// The cell stays as it was.
   void GiveUp();
@@ -61,6 +68,8 @@ class CellEditor : public QObject {
   void Close();
 
   bool Store();
+  bool StoreText();
+  bool StoreDate();
   bool IsRefused() const { return refusal_.isActive(); }
   void ShowRefusal();
   void EndRefusal();
@@ -82,7 +91,10 @@ class CellEditor : public QObject {
   QWidget* open_ = nullptr;  // the one in use
   CellPlace place_;
   QRect where_;
+  bool moved_ = false;                 // the cell, since the edit began
+  std::optional<QString> textBefore_;  // what `Text1` began with; nothing when a key began it
   QDateTime dateBefore_;
+  bool yearTyped_ = false;
   QTimer refusal_;
   QString refused_;  // the text while its refusal is shown
   bool ending_ = false;

@@ -1,5 +1,6 @@
 #include "windows/spreadsheet/chart_drawing.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "windows/core/qt_text.h"
@@ -137,7 +138,8 @@ QCPGraph* ChartDrawing::AddGraph(int series) {
     graph->setLineStyle(QCPGraph::lsImpulse);
     return graph;
   }
-  if (state_.Type == ChartType::Area) {
+  // Nor is a fill to be seen, which of so many corners costs more than all the lines.
+  if (state_.Type == ChartType::Area && !IsCrowded()) {
     QColor fill = colour;
     fill.setAlphaF(0.45F);
     graph->setBrush(fill);
@@ -208,10 +210,12 @@ bool ChartDrawing::IsFitted() const {
          QVector<QCPRange>{plot_.xAxis->range(), plot_.yAxis->range(), plot_.yAxis2->range()};
 }
 
-void ChartDrawing::Reach(ChartPoint point) {
+void ChartDrawing::Reach(ChartPoint point, bool withRoom) {
   QCPAxis& values = ValueAxis(point.Series);
   const double value = data_->ValueOf(point);
-  if (!values.range().contains(value)) {
+  const double room = withRoom ? 0.01 * values.range().size() : 0;
+  const QCPRange within(values.range().lower + room, values.range().upper - room);
+  if (!within.contains(value)) {
     values.setRange(values.range().expanded(QCPRange(value, value)));
     Widen(values, 0.05);
   }
@@ -227,6 +231,11 @@ void ChartDrawing::Mark(std::optional<ChartPoint> point) {
   if (!point) return;
   mark_->setValueAxis(&ValueAxis(point->Series));
   mark_->addData(KeyOf(*point), data_->ValueOf(*point));
+}
+
+double ChartDrawing::ValueAt(int series, int pixel) const {
+  const QRect rect = plot_.axisRect()->rect();
+  return ValueAxis(series).pixelToCoord(std::clamp(pixel, rect.top(), rect.bottom()));
 }
 
 QPointF ChartDrawing::PixelOf(ChartPoint point) const {

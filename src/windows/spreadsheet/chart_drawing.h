@@ -28,8 +28,8 @@ class ChartDrawing {
   /// True while the axes are as `Fit` left them.
   bool IsFitted() const;
 
-  /// Makes the axes reach a point.
-  void Reach(ChartPoint point);
+  /// Makes the axes reach a point; `withRoom`: also where it lies on their edge.
+  void Reach(ChartPoint point, bool withRoom = false);
 
   /// Rings a point; nothing: none.
   void Mark(std::optional<ChartPoint> point);
@@ -38,6 +38,8 @@ class ChartDrawing {
   std::optional<ChartPoint> PointNear(const QPointF& pixel) const;
 
   QPointF PixelOf(ChartPoint point) const;
+  /// The value at the height of a pixel; beyond the axis that of its end.
+  double ValueAt(int series, int pixel) const;
   /// The axis that a series is measured by.
   QCPAxis& ValueAxis(int series) const;
 

@@ -1,21 +1,16 @@
 #include "windows/spreadsheet/edit_menu.h"
 
-#include <map>
+#include "windows/spreadsheet/key_kinds.h"
 
 namespace lomaris {
 namespace {
 
 /// Shown in the menu; it is the table that takes the keys.
 QKeySequence KeyOf(SheetCommand command) {
-  static const std::map<SheetCommand, QKeySequence> keys = {
-      {SheetCommand::Cut, QKeySequence::Cut},
-      {SheetCommand::Copy, QKeySequence::Copy},
-      {SheetCommand::Paste, QKeySequence::Paste},
-      {SheetCommand::Clear, QKeySequence::Delete},
-      {SheetCommand::SelectAll, QKeySequence::SelectAll},
-  };
-  const auto found = keys.find(command);
-  return found == keys.end() ? QKeySequence() : found->second;
+  for (const CommandKey& each : kCommandKeys) {
+    if (each.Command == command) return each.Key;
+  }
+  return {};
 }
 
 }  // namespace
@@ -34,9 +29,9 @@ EditMenu::EditMenu(const Sheet& sheet, const SheetCommands& commands, QWidget* p
   QAction* chart = Entry(QString("mnuEditItem%1").arg(entries_.size()), tr("Sho&w Chart"));
   connect(chart, &QAction::triggered, this, &EditMenu::ChartChosen);
   addSeparator();
-  undo_ = Entry("mnuUndo", tr("&Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z));
+  undo_ = Entry("mnuUndo", tr("&Undo"), kUndoKeys.front());
   connect(undo_, &QAction::triggered, this, [this] { emit TravelChosen(true); });
-  redo_ = Entry("mnuRedo", tr("&Redo"), QKeySequence(Qt::CTRL | Qt::Key_Y));
+  redo_ = Entry("mnuRedo", tr("&Redo"), kRedoKeys.front());
   connect(redo_, &QAction::triggered, this, [this] { emit TravelChosen(false); });
   QAction* find = Entry("mnuFind", tr("Fi&nd..."), QKeySequence(Qt::CTRL | Qt::Key_F));
   connect(find, &QAction::triggered, this, &EditMenu::FindChosen);

@@ -9,19 +9,6 @@
 namespace lomaris {
 namespace {
 
-struct CommandKey {
-  QKeySequence::StandardKey Key;
-  SheetCommand Command;
-};
-
-constexpr CommandKey kCommandKeys[] = {
-    {QKeySequence::Cut, SheetCommand::Cut},
-    {QKeySequence::Copy, SheetCommand::Copy},
-    {QKeySequence::Paste, SheetCommand::Paste},
-    {QKeySequence::Delete, SheetCommand::Clear},
-    {QKeySequence::SelectAll, SheetCommand::SelectAll},
-};
-
 struct Arrow {
   int Key;
   Direction Way;
@@ -46,12 +33,12 @@ void GridView::SetUpShortcuts() {
   for (const CommandKey& each : kCommandKeys) {
     add(QKeySequence::keyBindings(each.Key), [this, &each] { Run(each.Command); });
   }
-  add({Qt::CTRL | Qt::Key_Z}, [this] { Travel(true); });
-  add({Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z}, [this] { Travel(false); });
+  add(kUndoKeys, [this] { Travel(true); });
+  add(kRedoKeys, [this] { Travel(false); });
   add({Qt::CTRL | Qt::Key_F}, [this] { emit FindAsked(); });
   add({Qt::Key_F3}, [this] { emit FindNextAsked(false); });
   add({Qt::SHIFT | Qt::Key_F3}, [this] { emit FindNextAsked(true); });
-  add({Qt::Key_Menu, Qt::SHIFT | Qt::Key_F10}, [this] { AskForMenu(); });
+  add(kMenuKeys, [this] { AskForMenu(); });
   add({Qt::SHIFT | Qt::Key_Space}, [this] { SelectWhole(Axis::Rows); });
   add({Qt::CTRL | Qt::Key_Space}, [this] { SelectWhole(Axis::Cols); });
   add({Qt::Key_F2}, [this] { Edit(EditStart::Text); });
@@ -75,6 +62,7 @@ bool GridView::event(QEvent* event) {
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
+  emit KeyPressed(event->key(), event->modifiers());
   TakeChanges();
   // What a cell's editor leaves over, a Shift key on its own for one, does not end its edit.
   const bool leftOver = editor_->IsOpen() && !hasFocus() && ShortcutOf(*event) == nullptr;
@@ -105,7 +93,11 @@ bool GridView::Move(const QKeyEvent& key) {
   const CellPlace from = extend ? CellPlace{now.RowSel, now.ColSel} : CellPlace{now.Row, now.Col};
   const CellPlace to = Target(key.key(), key.modifiers().testFlag(Qt::ControlModifier), from);
   if (to == kNowhere) return false;
-  extend ? Select({now.Row, now.Col, to.Row, to.Col}) : SelectCell(to);
+  if (extend) {
+    Select({now.Row, now.Col, to.Row, to.Col});
+  } else {
+    SelectCell(to);
+  }
   return true;
 }
 
@@ -131,18 +123,14 @@ int GridView::PageRows() const {
 }
 
 bool GridView::focusNextPrevChild(bool next) {
-  TakeChanges();
   if (EndEdit()) StepAlong(next);
   return true;
 }
 
-/// The next cell, row by row.
+/// To the right or to the left, as by an arrow: at the edge the sheet holds it back.
 void GridView::StepAlong(bool next) {
-  const CellArea all = sheet_.AllCells();
-  CellPlace place{sheet_.Selected().Row, sheet_.Selected().Col + (next ? 1 : -1)};
-  if (place.Col > all.Right && place.Row < all.Bottom) place = {place.Row + 1, all.Left};
-  if (place.Col < all.Left && place.Row > all.Top) place = {place.Row - 1, all.Right};
-  SelectCell(place);
+  const Selection& now = sheet_.Selected();
+  SelectCell({now.Row, now.Col + (next ? 1 : -1)});
 }
 
 bool GridView::BeginEdit(const QKeyEvent& key) {
@@ -153,7 +141,6 @@ bool GridView::BeginEdit(const QKeyEvent& key) {
 
 /// A character that is made of several keys comes this way.
 void GridView::inputMethodEvent(QInputMethodEvent* event) {
-  TakeChanges();
   if (EndEdit() && !event->commitString().isEmpty()) {
     Edit(EditStart::Typed, event->commitString());
   }

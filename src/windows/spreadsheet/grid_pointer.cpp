@@ -1,6 +1,7 @@
 // The pointer in the table.
 
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 
 #include "windows/spreadsheet/grid_view.h"
@@ -22,9 +23,9 @@ int LineNear(int place, int size, int lines, LineAt&& lineAt) {
 }  // namespace
 
 void GridView::mousePressEvent(QMouseEvent* event) {
-  TakeChanges();
+  if (!EndEdit()) return;
   const QModelIndex index = indexAt(event->position().toPoint());
-  if (!EndEdit() || event->button() != Qt::LeftButton || !index.isValid()) return;
+  if (event->button() != Qt::LeftButton || !index.isValid()) return;
   doubleClicked_ = false;
   const CellPlace place = model_->PlaceOf(index);
   const Selection& now = sheet_.Selected();
@@ -38,6 +39,16 @@ void GridView::mousePressEvent(QMouseEvent* event) {
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
   if (drag_.isActive()) DragTo(event->position().toPoint());
+}
+
+/// By the clock, so that a pointer outside scrolls on. A box that opens on the way may take the
+/// release of the button.
+void GridView::DragOn() {
+  if (QGuiApplication::mouseButtons().testFlag(Qt::LeftButton)) {
+    DragTo(viewport()->mapFromGlobal(QCursor::pos()));
+  } else {
+    drag_.stop();
+  }
 }
 
 void GridView::DragTo(const QPoint& place) {
@@ -73,7 +84,6 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
-  TakeChanges();
   if (!EndEdit()) return;
   if (event->reason() == QContextMenuEvent::Keyboard) return AskForMenu();
   const QModelIndex index = indexAt(event->pos());
@@ -83,7 +93,6 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
 
 /// A right click on the head of a line that is not selected whole selects it first.
 void GridView::OpenMenuOnHead(Qt::Orientation orientation, const QPoint& place) {
-  TakeChanges();
   if (!EndEdit()) return;
   const bool rows = orientation == Qt::Vertical;
   const QHeaderView* const head = rows ? verticalHeader() : horizontalHeader();
@@ -94,7 +103,14 @@ void GridView::OpenMenuOnHead(Qt::Orientation orientation, const QPoint& place) 
   const CellPlace cell = model_->PlaceOf(model_->index(rows ? section : 0, rows ? 0 : section));
   const bool within = rows ? cell.Row >= area.Top && cell.Row <= area.Bottom
                            : cell.Col >= area.Left && cell.Col <= area.Right;
-  if (section >= 0 && !(whole && within)) rows ? selectRow(section) : selectColumn(section);
+  if (section >= 0 && !(whole && within)) {
+    if (rows) {
+      selectRow(section);
+    } else {
+      selectColumn(section);
+    }
+  }
+  MarkWhole(orientation);
   emit MenuAsked(head->viewport()->mapToGlobal(place));
 }
 

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 #include <cmath>
+#include <limits>
 
 #include "core/error_report.h"
 #include "core/raised_flag.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int kRowRoom = 6;  // pixels between the text of a row and its lines
 constexpr double kHeadRoom = 1.2;
+constexpr int kNoColumn = std::numeric_limits<int>::max();
 
 }  // namespace
 
@@ -43,8 +45,7 @@ GridView::GridView(Sheet& sheet, Ui& screen, Settings& settings, SheetCommands& 
   connect(editor_, &CellEditor::KeyPassed, this, [this](int key, Qt::KeyboardModifiers held) {
     QCoreApplication::postEvent(this, new QKeyEvent(QEvent::KeyPress, key, held));
   });
-  connect(&drag_, &QTimer::timeout, this,
-          [this] { DragTo(viewport()->mapFromGlobal(QCursor::pos())); });
+  connect(&drag_, &QTimer::timeout, this, &GridView::DragOn);
   waiting_ = true;
   TakeChanges();
 }
@@ -63,19 +64,43 @@ void GridView::SetUpHeads() {
     head->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(head, &QWidget::customContextMenuRequested, this,
             [this, head](const QPoint& place) { OpenMenuOnHead(head->orientation(), place); });
+    const auto mark = [this, head] { MarkWhole(head->orientation()); };
+    connect(head, &QHeaderView::sectionPressed, this, mark);
+    connect(head, &QHeaderView::sectionEntered, this, mark);
+    connect(head, &QHeaderView::sectionClicked, this,
+            [this] { emit Click(sheet_.Selected().RowSel, sheet_.Selected().ColSel); });
   }
 }
 
 void GridView::FitToFont() {
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
-  FitColumnsFrom(0);
+  for (const auto& [col, sample] : samples_) FitColumn(col, sample);
   FitHeads();
 }
 
+/// Columns that have moved, or are new: as wide as their sample, or as any without one.
 void GridView::FitColumnsFrom(int first) {
+  const int heads = model_->HasHeads(Qt::Vertical) ? 1 : 0;
+  for (int col = std::max(first, heads); col < sheet_.Cols(); ++col) {
+    setColumnWidth(col - heads, horizontalHeader()->defaultSectionSize());
+  }
   for (const auto& [col, sample] : samples_) {
     if (col >= first) FitColumn(col, sample);
   }
+}
+
+void GridView::FollowLines(Axis axis, int first, int count, bool inserted) {
+  editor_->FollowLines(axis, first);
+  if (axis == Axis::Rows) return;
+  fitFrom_ = std::min(fitFrom_, first);
+  std::map<int, QString> moved;
+  for (auto& [col, sample] : samples_) {
+    const bool behind = col >= first;
+    if (behind && !inserted && col < first + count) continue;
+    const int by = inserted ? count : -count;
+    moved[behind ? col + by : col] = std::move(sample);
+  }
+  samples_ = std::move(moved);
 }
 
 /// The sample of a column of heads says how wide they are at least.
@@ -112,15 +137,15 @@ void GridView::Refresh() {
 
 void GridView::TakeChanges() {
   if (!std::exchange(waiting_, false)) return;
-  const int colsBefore = model_->columnCount();
+  const bool heads = model_->HasHeads(Qt::Vertical);
   {
     const RaisedFlag showing(showing_);
     model_->Update();
   }
-  FitColumnsFrom(colsBefore + (model_->HasHeads(Qt::Vertical) ? 1 : 0));
+  if (heads != model_->HasHeads(Qt::Vertical)) fitFrom_ = 0;
+  FitColumnsFrom(std::exchange(fitFrom_, kNoColumn));
   FitHeads();
-  const CellPlace edited = editor_->Place();
-  if (edited.Row >= sheet_.Rows() || edited.Col >= sheet_.Cols()) editor_->GiveUp();
+  if (editor_->IsLost()) editor_->GiveUp();
   const bool moved = sheet_.Selected().Row != shown_.Row || sheet_.Selected().Col != shown_.Col;
   ShowSelection();
   if (moved) Reveal({shown_.Row, shown_.Col});
@@ -138,6 +163,12 @@ void GridView::SetColWidthText(int col, const QString& sample) {
   FitColumn(col, sample);
 }
 
+/// What the sheet has changed since it was shown may concern the edited cell.
+bool GridView::EndEdit() {
+  TakeChanges();
+  return editor_->End();
+}
+
 void GridView::SendKeystroke(int key) {
   QWidget* const target = editor_->IsOpen() ? editor_->Control() : this;
   QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, key, Qt::ControlModifier));
@@ -145,7 +176,7 @@ void GridView::SendKeystroke(int key) {
 
 void GridView::Run(SheetCommand command) {
   if (!EndEdit()) return;
-  TakeChanges();
+  TakeChanges();  // of the edit that has just ended
   commands_.Run(command);
   Refresh();  // of the selection, when it is all that has changed
 }
@@ -153,7 +184,7 @@ void GridView::Run(SheetCommand command) {
 void GridView::Travel(bool undo) {
   if (!EndEdit()) return;
   Trap trap(screen_, "mnuEditItem_Click", "Form", "Spreadsheet");
-  trap.Run([&] { undo ? sheet_.Undo() : sheet_.Redo(); });
+  trap.Run([&] { return undo ? sheet_.Undo() : sheet_.Redo(); });
 }
 
 void GridView::ShowCell(CellPlace place) {
@@ -172,14 +203,24 @@ void GridView::SelectWhole(Axis axis) {
   const CellArea all = sheet_.AllCells();
   const Selection now = sheet_.Selected();
   if (axis == Axis::Rows) {
-    Select({now.Row, all.Left, now.RowSel, all.Right});
+    Select({now.Row, all.Left, now.RowSel, all.Right, axis});
   } else {
-    Select({all.Top, now.Col, all.Bottom, now.ColSel});
+    Select({all.Top, now.Col, all.Bottom, now.ColSel, axis});
   }
 }
 
+/// The lines that a head has just selected are meant as whole ones.
+void GridView::MarkWhole(Qt::Orientation heads) {
+  Selection now = sheet_.Selected();
+  const CellArea area = sheet_.SelectedArea();
+  const CellArea all = sheet_.AllCells();
+  const bool rows = heads == Qt::Vertical;
+  if (rows ? area.Cols() != all.Cols() : area.Rows() != all.Rows()) return;
+  now.Whole = rows ? Axis::Rows : Axis::Cols;
+  sheet_.Select(now);
+}
+
 void GridView::ShowSelection() {
-  const int rowBefore = shown_.Row;
   shown_ = sheet_.Selected();
   const CellArea area = sheet_.SelectedArea();
   {
@@ -192,7 +233,8 @@ void GridView::ShowSelection() {
   }
   viewport()->update();  // the frame of the current cell
   emit SelectionMoved();
-  if (shown_.Row != rowBefore) emit CurrentRowChanged(shown_.Row);
+  const int row = area.Empty() ? -1 : shown_.Row;
+  if (std::exchange(currentRow_, row) != row) emit CurrentRowChanged(row);
 }
 
 void GridView::selectionChanged(const QItemSelection& selected, const QItemSelection& gone) {
@@ -203,7 +245,7 @@ void GridView::selectionChanged(const QItemSelection& selected, const QItemSelec
 /// A selection that was made by the heads, or by a program for people who do not see the screen.
 void GridView::TakeHeadSelection() {
   const QItemSelection ranges = selectionModel()->selection();
-  if (EndEdit() && !ranges.isEmpty()) {
+  if (editor_->End() && !ranges.isEmpty()) {
     QRect area;
     for (const QItemSelectionRange& range : ranges) {
       area |= QRect(QPoint(range.left(), range.top()), QPoint(range.right(), range.bottom()));

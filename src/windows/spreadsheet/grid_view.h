@@ -34,7 +34,10 @@ class GridView : public QTableView {
   void SetMark(CellMark mark);
   void SetColWidthText(int col, const QString& sample);
 
-  bool EndEdit() { return editor_->End(); }
+  /// Lines of the sheet have come or gone: what is kept for columns moves with them.
+  void FollowLines(Axis axis, int first, int count, bool inserted);
+
+  bool EndEdit();
   void SendKeystroke(int key);
   void Run(SheetCommand command);
   void Travel(bool undo);
@@ -43,6 +46,7 @@ class GridView : public QTableView {
   void ShowCell(CellPlace place);
 
  signals:
+  void KeyPressed(int key, Qt::KeyboardModifiers modifiers);
   void Click(int row, int col);
   void CurrentRowChanged(int row);
   void SelectionMoved();
@@ -80,6 +84,7 @@ class GridView : public QTableView {
   void Select(const Selection& selection);
   void SelectCell(CellPlace place) { Select({place.Row, place.Col, place.Row, place.Col}); }
   void SelectWhole(Axis axis);
+  void MarkWhole(Qt::Orientation heads);
   void ShowSelection();
   void TakeHeadSelection();
   void Reveal(CellPlace place);
@@ -97,6 +102,7 @@ class GridView : public QTableView {
   void StepAlong(bool next);
 
   CellPlace CellNear(const QPoint& place) const;
+  void DragOn();
   void DragTo(const QPoint& place);
 
   Sheet& sheet_;
@@ -107,10 +113,12 @@ class GridView : public QTableView {
   QLabel* corner_;  // over the button where the heads meet
   std::map<QKeySequence, std::function<void()>> shortcuts_;
   std::map<int, QString> samples_;  // texts that columns are as wide as
+  int fitFrom_ = 0;                 // the first column that is to be fitted anew
   bool waiting_ = false;            // for the next turn of the event loop
   bool showing_ = false;            // the sheet's selection on its way into the view
   bool doubleClicked_ = false;
   Selection shown_;
+  int currentRow_ = -1;  // as it was last told
   QTimer drag_;  // runs while cells are selected by the pointer, and scrolls when that is outside
 };
 

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "windows/core/qt_text.h"
+#include "windows/spreadsheet/key_kinds.h"
 
 namespace lomaris {
 namespace {
@@ -85,13 +86,13 @@ bool SheetChart::ShowArea(const CellArea& area) {
     if (!chart.Fault.empty()) return false;
     state_ = line;
   }
-  area_ = chart.Area;
+  area_ = ChartedArea(chart.Area);
   Take(std::move(chart));
   return true;
 }
 
 bool SheetChart::ShowAs(const ChartState& wanted) {
-  ChartData chart = ReadChart(sheet_, area_, wanted);
+  ChartData chart = ReadChart(sheet_, area_.Area(), wanted);
   if (!chart.Fault.empty()) {
     ShowError(chart.Fault);
     ShowMenuState();
@@ -104,7 +105,7 @@ bool SheetChart::ShowAs(const ChartState& wanted) {
 
 void SheetChart::Take(ChartData chart) {
   data_ = std::move(chart);
-  editing_ = false;
+  stale_ = editing_ = dragging_ = false;
   selected_.reset();
   DrawAll();
   drawing_.Fit();
@@ -120,11 +121,11 @@ void SheetChart::SetType(ChartType type) {
   ShowAs(wanted);
 }
 
-/// The labels begin again at the first row or column: the number of the one is not the other's.
+/// The labels are chosen anew: the number of a column is not that of a row.
 void SheetChart::ToggleRows() {
   ChartState wanted = state_;
   wanted.SeriesInRows = !state_.SeriesInRows;
-  wanted.XLabels = 0;
+  wanted.XLabels = ChartState().XLabels;
   ShowAs(wanted);
 }
 
@@ -147,6 +148,7 @@ bool SheetChart::CanEditPoints() const {
 }
 
 void SheetChart::SetEditing(bool editing) {
+  if (dragging_) CancelDrag();
   editing_ = editing && CanEditPoints();
   refusal_.clear();
   SelectPoint({});
@@ -155,13 +157,26 @@ void SheetChart::SetEditing(bool editing) {
 }
 
 void SheetChart::Refresh() {
+  stale_ = true;
   if (isVisible()) refresh_.start(0);
+}
+
+void SheetChart::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (stale_) refresh_.start(0);
+}
+
+void SheetChart::FollowLines(Axis axis, int first, int count, bool inserted) {
+  area_.Follow(axis, first, count, inserted);
 }
 
 void SheetChart::ReadCells() {
   if (dragging_) return;  // its end reads them
-  data_ = ReadChart(sheet_, area_, state_);
-  const bool kept = selected_ && selected_->Series < static_cast<int>(data_.Series.size()) &&
+  stale_ = false;
+  data_ = ReadChart(sheet_, area_.Area(), state_);
+  editing_ = editing_ && CanEditPoints();
+  const bool kept = editing_ && selected_ &&
+                    selected_->Series < static_cast<int>(data_.Series.size()) &&
                     selected_->Position < static_cast<int>(data_.X.size()) &&
                     !std::isnan(data_.ValueOf(*selected_));
   if (!kept) selected_.reset();
@@ -198,19 +213,23 @@ void SheetChart::ShowMenuState() {
 
 QString SheetChart::HintText() const {
   if (!data_.Fault.empty()) return ToQt(data_.Fault);
+  QString left;
+  if (data_.SeriesLeftOut) {
+    left = tr("Only the first %1 series are drawn.").arg(kMostSeries) + "    ";
+  }
   if (editing_) {
-    return tr("%1    Left and Right choose a point, Page Up and Page Down a series; Up and Down "
+    return left +
+           tr("%1    Left and Right choose a point, Page Up and Page Down a series; Up and Down "
               "move it, Ins and Del insert and delete; Esc stops editing.")
-        .arg(PointText());
+               .arg(PointText());
   }
   if (state_.Type == ChartType::Pie) {
     const int leftOut = SlicesOf(data_).LeftOut;
     if (leftOut > 0) return tr("A pie shows numbers above zero. Cells left out: %1.").arg(leftOut);
     return tr("Esc returns to the spreadsheet.");
   }
-  return tr(
-      "The wheel zooms, dragging moves, a double click shows all; Esc returns to the "
-      "spreadsheet.");
+  return left + tr("The wheel zooms, dragging moves, a double click shows all; Esc returns to the "
+                   "spreadsheet.");
 }
 
 void SheetChart::ShowHint() {
@@ -218,6 +237,7 @@ void SheetChart::ShowHint() {
 }
 
 void SheetChart::contextMenuEvent(QContextMenuEvent* event) {
+  if (dragging_) return;
   const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
   if (editing_ && !byKey) {
     const QPoint pixel = plot_->mapFrom(this, event->pos());
@@ -227,7 +247,8 @@ void SheetChart::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void SheetChart::OpenMenu(const QPoint& place) {
-  (editing_ ? mnuChartPoint_ : mnuChart_).popup(place);
+  QMenu& menu = editing_ ? mnuChartPoint_ : mnuChart_;
+  menu.popup(place);
 }
 
 QPoint SheetChart::MenuPlace() const {
@@ -235,15 +256,35 @@ QPoint SheetChart::MenuPlace() const {
                                       : plot_->rect().center());
 }
 
+/// What a key of the chart does; nothing for others. Before a dragged point is dropped only Esc
+/// does something.
+std::function<void()> SheetChart::ActOf(const QKeyEvent& key) {
+  const QKeySequence pressed(key.keyCombination());
+  const bool escape = key.key() == Qt::Key_Escape;
+  if (dragging_ && escape) return [this] { CancelDrag(); };
+  if (dragging_) return [] {};
+  if (kUndoKeys.contains(pressed)) return [this] { Travel(true); };
+  if (kRedoKeys.contains(pressed)) return [this] { Travel(false); };
+  if (kMenuKeys.contains(pressed)) return [this] { OpenMenu(MenuPlace()); };
+  if (key.matches(QKeySequence::Copy)) return [this] { CopyPicture(); };
+  if (key.modifiers() & ~Qt::KeypadModifier) return {};
+  if (editing_) return EditActOf(key.key());
+  if (escape) return [this] { emit ReturnRequested(); };
+  return {};
+}
+
+bool SheetChart::event(QEvent* event) {
+  // The window's menu may have the same keys; on the chart they are the chart's.
+  if (event->type() == QEvent::ShortcutOverride && ActOf(static_cast<const QKeyEvent&>(*event))) {
+    event->accept();
+    return true;
+  }
+  return QWidget::event(event);
+}
+
 void SheetChart::keyPressEvent(QKeyEvent* event) {
-  if (event->matches(QKeySequence::Undo)) return Travel(&Sheet::Undo);
-  if (event->matches(QKeySequence::Redo)) return Travel(&Sheet::Redo);
-  if (event->matches(QKeySequence::Copy)) return CopyPicture();
-  const bool shiftF10 = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
-  if (shiftF10 || event->key() == Qt::Key_Menu) return OpenMenu(MenuPlace());
-  if (editing_ && EditKey(event->key())) return;
-  if (event->key() == Qt::Key_Escape) {
-    emit ReturnRequested();
+  if (const std::function<void()> act = ActOf(*event)) {
+    act();
   } else {
     QWidget::keyPressEvent(event);
   }

@@ -25,8 +25,12 @@ class SheetChart : public QWidget {
   /// Draws an area of the sheet. False, having told it, when it cannot be drawn.
   bool ShowArea(const CellArea& area);
 
+  /// Lines of the sheet have come or gone.
+  void FollowLines(Axis axis, int first, int count, bool inserted);
+
  public slots:
-  /// Takes the cells anew, on the next turn of the event loop; for when they have changed.
+  /// Takes the cells and the state anew, on the next turn of the event loop or when the chart is
+  /// seen again; for when they have changed.
   void Refresh();
 
  signals:
@@ -35,7 +39,9 @@ class SheetChart : public QWidget {
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   // sheet_chart.cpp: the menu, and what it changes
@@ -62,7 +68,8 @@ class SheetChart : public QWidget {
   // sheet_chart_points.cpp: editing points
   void MakePointMenu();
   void FollowMouse();
-  bool EditKey(int key);
+  std::function<void()> ActOf(const QKeyEvent& key);
+  std::function<void()> EditActOf(int key);
   void SelectPoint(std::optional<ChartPoint> point);
   void StepAlong(bool forward);
   void StepSeries(bool forward);
@@ -74,7 +81,7 @@ class SheetChart : public QWidget {
   void InsertSelected() { ChangeLines(InsertPoint); }
   void DeleteSelected() { ChangeLines(DeletePoint); }
   void ChangeLines(bool (*change)(Sheet&, const ChartData&, int));
-  void Travel(bool (Sheet::*travel)());
+  void Travel(bool undo);
   bool Change(const std::function<bool()>& change);
   double UnitsPerPixel(int series) const;
   QString PointText() const;
@@ -82,7 +89,7 @@ class SheetChart : public QWidget {
   Sheet& sheet_;
   Ui& screen_;
   ChartState& state_;
-  CellArea area_;
+  ChartedArea area_;
   ChartData data_;
   Plot* plot_;
   QLabel* hint_;
@@ -90,6 +97,7 @@ class SheetChart : public QWidget {
   QMenu mnuChart_{this};
   QMenu mnuChartPoint_{this};
   QTimer refresh_;
+  bool stale_ = false;  // since it was hidden
   bool editing_ = false;
   bool dragging_ = false;
   bool moved_ = false;  // the mouse, since it was pressed on a point

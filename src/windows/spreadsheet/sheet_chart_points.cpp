@@ -34,8 +34,8 @@ void SheetChart::FollowMouse() {
     if (std::abs(event->pos().y() - pressedAt_.y()) > kHandShakes) moved_ = true;
     if (dragging_ && moved_) DragTo(event->pos());
   });
-  connect(plot_, &QCustomPlot::mouseRelease, this, [this] {
-    if (dragging_) EndDrag();
+  connect(plot_, &QCustomPlot::mouseRelease, this, [this](QMouseEvent* event) {
+    if (dragging_ && event->button() == Qt::LeftButton) EndDrag();
   });
   connect(plot_, &QCustomPlot::mouseDoubleClick, this, [this] {
     if (editing_) return;
@@ -44,31 +44,25 @@ void SheetChart::FollowMouse() {
   });
 }
 
-bool SheetChart::EditKey(int key) {
+std::function<void()> SheetChart::EditActOf(int key) {
   switch (key) {
     case Qt::Key_Left:
     case Qt::Key_Right:
-      StepAlong((key == Qt::Key_Right) != state_.ReverseX);
-      return true;
+      return [this, key] { StepAlong((key == Qt::Key_Right) != state_.ReverseX); };
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
-      StepSeries(key == Qt::Key_PageDown);
-      return true;
+      return [this, key] { StepSeries(key == Qt::Key_PageDown); };
     case Qt::Key_Up:
     case Qt::Key_Down:
-      Nudge(key == Qt::Key_Up);
-      return true;
+      return [this, key] { Nudge(key == Qt::Key_Up); };
     case Qt::Key_Insert:
-      InsertSelected();
-      return true;
+      return [this] { InsertSelected(); };
     case Qt::Key_Delete:
-      DeleteSelected();
-      return true;
+      return [this] { DeleteSelected(); };
     case Qt::Key_Escape:
-      dragging_ ? CancelDrag() : SetEditing(false);
-      return true;
+      return [this] { SetEditing(false); };
     default:
-      return false;
+      return {};
   }
 }
 
@@ -116,13 +110,17 @@ void SheetChart::Nudge(bool up) {
   Write(*selected_, RoundedPoint(data_.ValueOf(*selected_) + by, step));
 }
 
+/// The axes stay as they are, or a point beyond their edge would run away from the pointer.
 void SheetChart::DragTo(const QPoint& pixel) {
-  const double value = drawing_.ValueAxis(selected_->Series).pixelToCoord(pixel.y());
+  const double value = drawing_.ValueAt(selected_->Series, pixel.y());
   auto& series = data_.Series[static_cast<std::size_t>(selected_->Series)];
   series.Values[static_cast<std::size_t>(selected_->Position)] =
-      RoundedPoint(value, UnitsPerPixel(selected_->Series));
+      RoundedPoint(value, DecimalStep(UnitsPerPixel(selected_->Series)));
   drawing_.FillSeries(selected_->Series);
-  SelectPoint(selected_);
+  drawing_.Mark(selected_);
+  refusal_.clear();
+  ShowHint();
+  plot_->replot(QCustomPlot::rpQueuedReplot);
 }
 
 void SheetChart::CancelDrag() {
@@ -130,24 +128,23 @@ void SheetChart::CancelDrag() {
   ReadCells();
 }
 
-/// A click alone selects: it writes nothing.
+/// A click alone selects: it writes nothing. At the edge the axis gets room to drag on.
 void SheetChart::EndDrag() {
   dragging_ = false;
   const ChartPoint point = *selected_;
   const double dragged = data_.ValueOf(point);
   ReadCells();
-  if (selected_ == point && data_.ValueOf(point) != dragged) Write(point, dragged);
+  if (selected_ != point || data_.ValueOf(point) == dragged) return;
+  Write(point, dragged);
+  if (selected_) drawing_.Reach(*selected_, true);
 }
 
 /// What the owner does in its events may fail, which is reported; the sheet is then as it was.
 bool SheetChart::Change(const std::function<bool()>& change) {
-  const int rows = sheet_.Rows();
-  const int cols = sheet_.Cols();
   bool done = false;
+  dragging_ = false;
   Trap trap(screen_, "mnuChartPoint_Click", "Form", "Spreadsheet");
   trap.Run([&] { done = change(); });
-  area_.Bottom += sheet_.Rows() - rows;
-  area_.Right += sheet_.Cols() - cols;
   ReadCells();
   return done;
 }
@@ -173,8 +170,8 @@ void SheetChart::ChangeLines(bool (*change)(Sheet&, const ChartData&, int)) {
   ShowHint();
 }
 
-void SheetChart::Travel(bool (Sheet::*travel)()) {
-  Change([&] { return (sheet_.*travel)(); });
+void SheetChart::Travel(bool undo) {
+  Change([&] { return undo ? sheet_.Undo() : sheet_.Redo(); });
 }
 
 QString SheetChart::PointText() const {

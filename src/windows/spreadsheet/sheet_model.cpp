@@ -6,6 +6,22 @@
 #include "windows/core/qt_text.h"
 
 namespace lomaris {
+namespace {
+
+/// No column is as wide as more characters. A text is cut before it is converted, since that is
+/// done for each painting and a pasted text may have megabytes.
+QString ShownText(const std::string& text) {
+  constexpr int kMostShown = 500;
+  constexpr std::size_t kMostBytes = 4;  // of a character
+  return ToQt(std::string_view(text).substr(0, kMostShown * kMostBytes)).left(kMostShown);
+}
+
+bool IsShownAsNumber(const std::string& text) {
+  constexpr std::size_t kLongestNumber = 100;
+  return text.size() <= kLongestNumber && NumberOf(text);
+}
+
+}  // namespace
 
 SheetModel::SheetModel(const Sheet& sheet, QObject* parent)
     : QAbstractTableModel(parent), sheet_(sheet), shown_(PresentShape()) {}
@@ -83,10 +99,10 @@ bool SheetModel::IsHead(CellPlace place) const {
 CellLook SheetModel::LookOf(CellPlace place) const {
   if (!IsThere(place)) return {};
   const std::string& text = sheet_.TextMatrix(place.Row, place.Col);
-  CellLook look{.Text = ToQt(text), .Head = IsHead(place)};
+  CellLook look{.Text = ShownText(text), .Head = IsHead(place)};
   if (look.Head) return look;
   look.Mark = mark_(place.Row, place.Col);
-  look.Number = NumberOf(text).has_value();
+  look.Number = IsShownAsNumber(text);
   look.ReadOnly = sheet_.IsReadOnly(place.Row, place.Col);
   return look;
 }
@@ -104,7 +120,7 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !IsThere(place)) return {};
   switch (role) {
     case Qt::DisplayRole:
-      return ToQt(sheet_.TextMatrix(place.Row, place.Col));
+      return ShownText(sheet_.TextMatrix(place.Row, place.Col));
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
       return LookOf(place).Mark;
@@ -119,7 +135,7 @@ QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int ro
   const CellPlace place =
       across ? CellPlace{0, section + shown_.HeadCols} : CellPlace{section + shown_.HeadRows, 0};
   if (role != Qt::DisplayRole || !HasHeads(orientation) || !IsThere(place)) return {};
-  return ToQt(sheet_.TextMatrix(place.Row, place.Col));
+  return ShownText(sheet_.TextMatrix(place.Row, place.Col));
 }
 
 Qt::ItemFlags SheetModel::flags(const QModelIndex& index) const {

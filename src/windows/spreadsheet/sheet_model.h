@@ -13,7 +13,7 @@ using CellMark = std::function<QString(int row, int col)>;
 
 /// How a cell is shown.
 struct CellLook {
-  QString Text = {};
+  QString Text = {};  ///< its beginning, of a long one
   QString Mark = {};
   bool Number = false;  ///< aligned right
   bool Head = false;

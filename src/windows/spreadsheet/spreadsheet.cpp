@@ -50,7 +50,11 @@ void Spreadsheet::Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDat
   sheet.Events.Refresh = [grid = QPointer(grid_)](bool) {
     if (grid) grid->Refresh();
   };
+  sheet.Events.LinesMoved = [table = QPointer(this)](Axis axis, int first, int count, bool in) {
+    if (table) table->FollowLines(axis, first, count, in);
+  };
   connect(grid_, &GridView::Click, this, &Spreadsheet::Click);
+  connect(grid_, &GridView::KeyPressed, this, &Spreadsheet::KeyPressed);
   connect(grid_, &GridView::CurrentRowChanged, this, &Spreadsheet::CurrentRowChanged);
   connect(grid_, &GridView::Refreshed, this, &Spreadsheet::Refreshed);
   connect(grid_, &GridView::SelectionMoved, status_, &SelectionStatus::Renew);
@@ -96,16 +100,34 @@ void Spreadsheet::ShowGrid() {
   grid_->setFocus();
 }
 
+void Spreadsheet::FollowLines(Axis axis, int first, int count, bool inserted) {
+  grid_->FollowLines(axis, first, count, inserted);
+  if (chart_ != nullptr) chart_->FollowLines(axis, first, count, inserted);
+}
+
+void Spreadsheet::RefreshChart() {
+  if (chart_ != nullptr) chart_->Refresh();
+}
+
+void Spreadsheet::SetChartType(int type) {
+  if (type < 0 || type > static_cast<int>(ChartType::XY)) return;
+  Redraw(chartState_.Type, static_cast<ChartType>(type));
+}
+
 void Spreadsheet::SetColWidthText(int col, const QString& sample) {
   grid_->SetColWidthText(col, sample);
 }
 
 bool Spreadsheet::EndEdit() {
-  return grid_ == nullptr || grid_->EndEdit();
+  return grid_->EndEdit();
 }
 
 void Spreadsheet::SendKeystroke(int key) {
-  if (grid_->isVisible()) grid_->SendKeystroke(key);
+  if (grid_->isVisible()) {
+    grid_->SendKeystroke(key);
+  } else if (chart_ != nullptr && chart_->isVisible()) {
+    lomaris::SendKeystroke(*chart_, key);
+  }
 }
 
 void Spreadsheet::SendToFocus(const QWidget& window, int key) {
@@ -122,10 +144,11 @@ void Spreadsheet::SetMark(std::function<QString(int, int)> mark) {
 }
 
 int Spreadsheet::CurrentRow() const {
-  return sheet_->Selected().Row;
+  return sheet_->SelectedArea().Empty() ? -1 : sheet_->Selected().Row;
 }
 
 void Spreadsheet::ShowCell(int row, int col) {
+  if (pages_->currentIndex() != 0) ShowGrid();
   grid_->ShowCell({row, col});
 }
 

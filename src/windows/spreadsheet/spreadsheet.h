@@ -22,8 +22,12 @@ namespace lomaris {
 /// sheet afterwards.
 ///
 /// Tab moves from cell to cell and stays in the table; Ctrl+Tab and Ctrl+Shift+Tab leave it.
+///
+/// Before `Attach` only the properties of the chart may be used, which forms set.
 class Spreadsheet : public QWidget {
   Q_OBJECT
+  Q_PROPERTY(int ChartType READ ChartTypeNumber WRITE SetChartType)
+  Q_PROPERTY(int XLabels READ XLabels WRITE SetXLabels)
   Q_PROPERTY(bool ReverseX READ ReverseX WRITE SetReverseX)
   Q_PROPERTY(bool ReverseY READ ReverseY WRITE SetReverseY)
   Q_PROPERTY(bool ReverseY2 READ ReverseY2 WRITE SetReverseY2)
@@ -31,8 +35,8 @@ class Spreadsheet : public QWidget {
  public:
   explicit Spreadsheet(QWidget* parent = nullptr);
 
-  /// Once. All four outlive this. Takes the sheet's `Events.Refresh`; its other events stay the
-  /// owner's.
+  /// Once. All four outlive this. Takes the sheet's `Events.Refresh` and `Events.LinesMoved`; its
+  /// other events stay the owner's.
   void Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDates& copied);
 
   /// Makes a column as wide as a sample text.
@@ -42,8 +46,8 @@ class Spreadsheet : public QWidget {
   /// for it before it takes the cells.
   bool EndEdit();
 
-  /// The form's Edit menu works through the keys: Cut, Copy and Paste as if typed here, or in the
-  /// cell's editor while one is open.
+  /// The form's Edit menu works through the keys: Cut, Copy and Paste as if typed here, in the
+  /// cell's editor while one is open, or on the chart while that is shown.
   void SendKeystroke(int key);
 
   /// The same for whichever control of a window has the focus, a table or not.
@@ -52,19 +56,33 @@ class Spreadsheet : public QWidget {
   /// What is wrong with a cell, for a mark and its tool tip; empty: nothing. Asked while painting.
   void SetMark(std::function<QString(int row, int col)> mark);
 
-  /// The row of the current cell, the fixed ones counted.
+  /// The row of the current cell, the fixed ones counted; -1 where there are no cells.
   int CurrentRow() const;
+
+  /// Selects a cell and scrolls to it; a chart makes way for the grid.
   void ShowCell(int row, int col);
 
+  /// Draws a chart that is shown anew, after something has changed.
+  void RefreshChart();
+
+  /// A number of the enumeration; others are ignored.
+  int ChartTypeNumber() const { return static_cast<int>(chartState_.Type); }
+  void SetChartType(int type);
+  int XLabels() const { return chartState_.XLabels; }
+  void SetXLabels(int line) { Redraw(chartState_.XLabels, line); }
   bool ReverseX() const { return chartState_.ReverseX; }
-  void SetReverseX(bool reverse) { chartState_.ReverseX = reverse; }
+  void SetReverseX(bool reverse) { Redraw(chartState_.ReverseX, reverse); }
   bool ReverseY() const { return chartState_.ReverseY; }
-  void SetReverseY(bool reverse) { chartState_.ReverseY = reverse; }
+  void SetReverseY(bool reverse) { Redraw(chartState_.ReverseY, reverse); }
   bool ReverseY2() const { return chartState_.ReverseY2; }
-  void SetReverseY2(bool reverse) { chartState_.ReverseY2 = reverse; }
+  void SetReverseY2(bool reverse) { Redraw(chartState_.ReverseY2, reverse); }
 
  signals:
+  /// A cell, or the head of its row or column, was clicked.
   void Click(int row, int col);
+  /// A key was pressed in the grid, which then does with it what it does.
+  void KeyPressed(int key, Qt::KeyboardModifiers modifiers);
+  /// As `CurrentRow` gives it.
   void CurrentRowChanged(int row);
 
   /// The cells shown have changed, by whomever; gathered, on the next turn of the event loop.
@@ -75,6 +93,13 @@ class Spreadsheet : public QWidget {
   void ConnectFindBar();
   void ShowChart();
   void ShowGrid();
+  void FollowLines(Axis axis, int first, int count, bool inserted);
+
+  template <class Value>
+  void Redraw(Value& part, Value value) {
+    part = value;
+    RefreshChart();
+  }
 
   ChartState chartState_;
   QStackedWidget* pages_;
