@@ -36,7 +36,7 @@ struct ChartData {
   std::vector<double> X = {};            ///< not a number where the cell is blank
   std::string XName = {};                ///< what heads the X values or the labels
   std::vector<std::string> Labels = {};  ///< of the positions; their numbers where blank
-  std::vector<ChartSeries> Series = {};  ///< only those with a number in them, `kMostSeries` at most
+  std::vector<ChartSeries> Series = {};  ///< those with a number, `kMostSeries` at most
   bool SeriesLeftOut = false;            ///< there are more
   std::string Fault = {};                ///< what keeps it from being drawn; empty: nothing does
 
@@ -52,9 +52,9 @@ struct ChartData {
 ///
 /// The labels come from the column that the state names. While none is chosen they come from a
 /// column of dates at the head of the area, else from the left-most one of the sheet. A column with
-/// the labels is no series, unless the area has no other. In an X-Y chart the first column has the X
-/// values, and a row without one is a gap, as the empty row at the end of many tables; an area of a
-/// single column is drawn over 1, 2, ...
+/// the labels is no series, unless the area has no other. In an X-Y chart the first column has the
+/// X values, and a row without one is a gap, as the empty row at the end of many tables; an area of
+/// a single column is drawn over 1, 2, ...
 ChartData ReadChart(const Sheet& sheet, CellArea area, const ChartState& state);
 
 /// The column, or row, of the sheet that the state names for the labels; the first one where none

@@ -11,7 +11,7 @@ struct ChartState {
   bool ReverseX = false;   ///< turns an axis around
   bool ReverseY = false;   ///< the left axis
   bool ReverseY2 = false;  ///< the right axis
-  int XLabels = -1;  ///< column, or row of series in rows, with the labels; -1: not chosen
+  int XLabels = -1;        ///< column, or row of series in rows, with the labels; -1: not chosen
   bool Legend = true;
 
   bool operator==(const ChartState&) const = default;

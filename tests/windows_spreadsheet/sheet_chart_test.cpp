@@ -19,6 +19,7 @@ class SheetChartTest : public testing::Test {
   SheetChartTest() {
     for (const char* row : {"1\tx\t10", "2\t2\t20", "3\t3\t30"}) sheet_.AddItem(row);
     sheet_.SetColFormat(2, {FormatKind::Number, "0;30.5"});
+    sheet_.Events.LinesMoved = std::bind_front(&SheetChart::FollowLines, &chart_);
     chart_.resize(600, 400);
     chart_.show();
   }
@@ -114,6 +115,7 @@ TEST_F(SheetChartTest, PointsAreChangedByMouseAndByKeys) {
   for (const auto& [key, cells] : keys) {
     QTest::keySequence(&chart_, QKeySequence(key));
     EXPECT_EQ(Cells(), cells) << key;
+    EXPECT_EQ(plot->graph(0)->dataCount(), sheet_.Rows() - 1);
   }
 }
 

@@ -37,6 +37,10 @@ SheetChart::SheetChart(Sheet& sheet, Ui& screen, ChartState& state, QWidget* par
   plot_->setFocusPolicy(Qt::NoFocus);
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(tr("Chart"));
+  setWhatsThis(
+      tr("The chart of the cells that were selected. A right click offers its types, its "
+         "labels and legend, a copy of the picture, and Edit Points, which lets points be "
+         "dragged: their cells follow. Esc returns to the spreadsheet."));
   refresh_.setSingleShot(true);
   connect(&refresh_, &QTimer::timeout, this, &SheetChart::ReadCells);
   connect(plot_, &Plot::LookChanged, this, &SheetChart::DrawAll);
