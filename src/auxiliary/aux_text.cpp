@@ -51,6 +51,7 @@ std::vector<const AuxXSect*> ActiveXSects(const AuxData& aux) {
 
 void AppendSlotRow(std::string& out, const std::vector<const AuxXSect*>& xsects, std::int32_t slot,
                    std::int32_t step) {
+  if (xsects.empty()) return;
   for (std::size_t i = 0; i < xsects.size(); ++i) {
     if (i > 0) out += '\t';
     AppendNumber(out, xsects[i]->Values(slot, step));

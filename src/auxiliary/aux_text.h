@@ -51,7 +51,8 @@ void AppendNames(std::string& out, const AuxData& aux, Names names);
 /// The entries that are written, in order.
 std::vector<const AuxXSect*> ActiveXSects(const AuxData& aux);
 
-/// The value of one slot at one step in all of the entries, in a row of joined numbers.
+/// The value of one slot at one step in all of the entries, in a row of joined numbers. No row for
+/// no entries: the reader, which counts numbers, would take its line for the next record.
 void AppendSlotRow(std::string& out, const std::vector<const AuxXSect*>& xsects, std::int32_t slot,
                    std::int32_t step);
 
