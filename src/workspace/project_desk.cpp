@@ -90,7 +90,8 @@ bool ProjectDesk::OthersClosed() {
 }
 
 bool ProjectDesk::NothingElseOpen() {
-  return around_.Windows.CloseOtherWindows() && around_.Windows.ReleaseNetwork();
+  return view_.MayLeaveProject() && around_.Windows.CloseOtherWindows() &&
+         around_.Windows.ReleaseNetwork();
 }
 
 /// Whether the project may make room for another one, or for none.

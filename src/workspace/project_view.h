@@ -12,8 +12,8 @@ class ProjectView {
  public:
   virtual ~ProjectView() = default;
 
-  /// Whether the project may be closed, or make room for another one. False: something still needs
-  /// it, and the user has been told.
+  /// Whether the project may be closed, moved, or make room for another one. False: something still
+  /// needs it, and the user has been told.
   virtual bool MayLeaveProject() = 0;
 
   /// What stands in the controls now.

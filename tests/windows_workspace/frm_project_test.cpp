@@ -114,11 +114,13 @@ TEST_F(ProjectWindow, RunsModelsAndStaysWhileOneRuns) {
   EXPECT_EQ(runs.Chosen, (std::vector<int>{0, 1, 2, 4, 6}));
   runs.Running = true;
   const std::string name = project.FileName;
-  for (const char* way : {"mnuFileOpen", "mnuFileOpenLast", "mnuFileClose", "mnuFileExit"}) {
+  for (const char* way :
+       {"mnuFileOpen", "mnuFileOpenLast", "mnuFileClose", "mnuFileExit", "mnuEditItem3"}) {
     Action(way)->trigger();
   }
   EXPECT_FALSE(window->OpenProject(folder.Write("other.prj", "")));
-  EXPECT_TRUE(project.FileName == name && ui.FileDialogs.empty() && window->isVisible());
+  EXPECT_TRUE(project.FileName == name && ui.FileDialogs.empty() && ui.InputBoxes.empty());
+  EXPECT_TRUE(window->isVisible());
   runs.Running = false;
   EXPECT_TRUE(window->close());
 }

@@ -10,8 +10,8 @@ class RunMenu {
   /// An item of the Run menu was chosen. `index` is that of the menu item.
   virtual void RunItem(int index) = 0;
 
-  /// Whether the project may be closed, or make room for another one. False, which has been told:
-  /// a model is still running.
+  /// Whether the project may be closed, moved, or make room for another one. False, which has been
+  /// told: a model is still running.
   virtual bool MayLeaveProject() = 0;
 };
 

@@ -31,6 +31,10 @@ constexpr const char* kIntervalKey = "Interval";
 constexpr const char* kGridKey = "Grid";
 constexpr const char* kCloseCaption = "Close";
 
+/// Platforms keep a dialog above its owner, and show no buttons in its frame unless they are named.
+constexpr Qt::WindowFlags kFlags =
+    Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
+
 constexpr int kShortestInterval = 50;  // ms, of one turn of whoever waits for the model
 constexpr int kDefaultInterval = 500;  // ms
 
@@ -52,7 +56,7 @@ QString SelectedText(const QTableView& grid) {
 }  // namespace
 
 frmProgress::frmProgress(lomaris::Ui& screen, Settings& settings, QWidget* owner)
-    : QWidget(owner, Qt::Window),
+    : QWidget(owner, kFlags),
       screen_(screen),
       settings_(settings),
       ui_(std::make_unique<::Ui::frmProgress>()),
@@ -142,6 +146,7 @@ void frmProgress::Restart(const std::string& caption) {
 
 void frmProgress::OfferClose() {
   ui_->btnCancel->setText(kCloseCaption);
+  SetTimeRemaining({});
   setAttribute(Qt::WA_DeleteOnClose);
 }
 
