@@ -12,6 +12,8 @@
 #include <unistd.h>
 
 #include "core/encoding.h"
+#include "core/file_reader.h"
+#include "core/open_file.h"
 #include "core/run_time_error.h"
 #include "core/text.h"
 
@@ -22,27 +24,7 @@ namespace {
 
 constexpr std::string_view kSeparators = "\\/";
 constexpr std::size_t kLongestTempPath = 512;
-constexpr off_t kLargestFile = off_t{256} << 20;
-
-/// An open file descriptor that closes itself.
-class OpenFile {
- public:
-  explicit OpenFile(int descriptor) : descriptor_(descriptor) {}
-  ~OpenFile() {
-    if (descriptor_ >= 0) ::close(descriptor_);
-  }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-
-  int Get() const { return descriptor_; }
-  bool IsOpen() const { return descriptor_ >= 0; }
-
-  /// Some disks tell only here that a write failed.
-  bool Close() { return ::close(std::exchange(descriptor_, -1)) == 0; }
-
- private:
-  int descriptor_;
-};
+constexpr std::uint64_t kLargestFile = 256U << 20;
 
 std::size_t BareNameStart(std::string_view fileName) {
   const std::size_t separator = fileName.find_last_of(kSeparators);
@@ -111,19 +93,6 @@ mode_t ModeFor(const std::string& path) {
   return 0666 & ~mask;
 }
 
-/// What the system calls would silently cut at the zero byte.
-void CheckName(const std::string& path) {
-  if (path.find('\0') != std::string::npos) {
-    throw RuntimeError(ErrorNumber::PathFileAccess, "a zero byte stands in the name of the file");
-  }
-}
-
-void CheckPlainFile(const struct stat& status, const std::string& path) {
-  if (!S_ISREG(status.st_mode)) {
-    throw RuntimeError(ErrorNumber::PathFileAccess, path + " is not a plain file");
-  }
-}
-
 void CheckReplaceable(const std::string& path) {
   struct stat status = {};
   if (::stat(path.c_str(), &status) != 0) return;
@@ -159,6 +128,20 @@ void KeepBackup(const std::string& path, const std::string& target, Disk& disk) 
   disk.Remove(link.Path());
   disk.Link(target, link.Path());
   disk.Rename(link.Path(), backup);
+}
+
+/// The file that a name stands for: a link keeps pointing to its file.
+std::string RealPath(const std::string& path) {
+  CheckName(path);
+  std::error_code notThere;
+  const fs::path real = fs::canonical(path, notThere);
+  return notThere ? path : real.string();
+}
+
+void PutInPlace(LeftOver& beside, const std::string& target, Disk& disk) {
+  disk.Rename(beside.Path(), target);
+  beside.Release();
+  disk.FlushFolder(target);
 }
 
 std::string MakeFile(std::string pattern, std::size_t suffixLength) {
@@ -249,29 +232,20 @@ void MoveToFolderOf(std::string_view fileName) {
 }
 
 std::string ReadWholeFile(const std::string& path) {
-  CheckName(path);
-  // A pipe must not keep the program waiting for its other end.
-  const OpenFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  struct stat status = {};
-  if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0) throw FileError(errno, path);
-  CheckPlainFile(status, path);
-  if (status.st_size > kLargestFile) {
+  FileReader file(path);
+  if (file.Size() > kLargestFile) {
     throw RuntimeError(ErrorNumber::OutOfMemory, path + " is larger than 256 MB");
   }
-  std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
-  std::size_t size = 0;
-  while (size < bytes.size()) {
-    const ssize_t got = ::read(file.Get(), bytes.data() + size, bytes.size() - size);
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) throw FileError(errno, path);
-    if (got == 0) break;
-    size += static_cast<std::size_t>(got);
-  }
-  bytes.resize(size);
+  std::string bytes(file.Size(), '\0');
+  bytes.resize(file.Read(bytes.data(), bytes.size()));
   return bytes;
 }
 
 std::string Disk::WriteBeside(const std::string& path, std::string_view bytes) {
+  return FillBeside(path, [bytes](const Sink& write) { write(bytes); });
+}
+
+std::string Disk::FillBeside(const std::string& path, const Content& content) {
   CheckReplaceable(path);
   std::string name = path + "~XXXXXX";
   OpenFile file(::mkstemp(name.data()));
@@ -279,7 +253,7 @@ std::string Disk::WriteBeside(const std::string& path, std::string_view bytes) {
   try {
     // A disk that knows no permissions, or whose files belong to somebody else, has its own.
     static_cast<void>(::fchmod(file.Get(), ModeFor(path)));
-    WriteAll(file.Get(), bytes, path);
+    content([&](std::string_view bytes) { WriteAll(file.Get(), bytes, path); });
     if (::fsync(file.Get()) != 0 || !file.Close()) throw FileError(errno, path);
   } catch (...) {
     Remove(name);
@@ -319,17 +293,22 @@ void WriteWholeFile(const std::string& path, std::string text, Backup backup) {
 }
 
 void WriteWholeFile(const std::string& path, std::string text, Backup backup, Disk& disk) {
-  CheckName(path);
   if (backup == Backup::OneGeneration) BackupName(path);  // refuses a name that is too short
-  std::error_code notThere;
-  const fs::path real = fs::canonical(path, notThere);  // a link keeps pointing to its file
-  const std::string target = notThere ? path : real.string();
-
+  const std::string target = RealPath(path);
   LeftOver beside(disk, disk.WriteBeside(target, FileFromText(std::move(text))));
   if (backup == Backup::OneGeneration) KeepBackup(path, target, disk);
-  disk.Rename(beside.Path(), target);
-  beside.Release();
-  disk.FlushFolder(target);
+  PutInPlace(beside, target, disk);
+}
+
+void WriteLargeFile(const std::string& path, const Content& content) {
+  Disk disk;
+  WriteLargeFile(path, content, disk);
+}
+
+void WriteLargeFile(const std::string& path, const Content& content, Disk& disk) {
+  const std::string target = RealPath(path);
+  LeftOver beside(disk, disk.FillBeside(target, content));
+  PutInPlace(beside, target, disk);
 }
 
 std::string GetTempDir() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -59,6 +60,12 @@ void MoveToFolderOf(std::string_view fileName);
 /// others when the disk fails.
 std::string ReadWholeFile(const std::string& path);
 
+/// Takes bytes of a file that is being written; the next ones stand behind them.
+using Sink = std::function<void(std::string_view bytes)>;
+
+/// Hands all bytes of a file to `write`, piece by piece.
+using Content = std::function<void(const Sink& write)>;
+
 /// The steps of a safe save, each one system call; tests let any of them fail.
 class Disk {
  public:
@@ -67,6 +74,9 @@ class Disk {
   /// Makes a new file in the folder of `path`, with the permissions of the file at `path` if there
   /// is one, writes `bytes`, flushes them to the disk and returns its path.
   virtual std::string WriteBeside(const std::string& path, std::string_view bytes);
+
+  /// The same for bytes that are not all there at once.
+  virtual std::string FillBeside(const std::string& path, const Content& content);
 
   /// Makes `copy` another name of the file `path` (or a copy, where the disk knows no links).
   virtual void Link(const std::string& path, const std::string& copy);
@@ -83,13 +93,18 @@ class Disk {
 
 enum class Backup { None, OneGeneration };
 
-/// The one routine that puts files on disk. Writes beside the target, flushes to the disk, keeps
+/// The one routine that puts texts on disk. Writes beside the target, flushes to the disk, keeps
 /// the previous version under `BackupName`, renames over the target. At each moment the target is
 /// either the old file or the new one, whole; the backup likewise. Text that does not fit
 /// Windows-1252 goes out as UTF-8. Throws RuntimeError when a step fails; the target is then the
 /// old file.
 void WriteWholeFile(const std::string& path, std::string text, Backup backup);
 void WriteWholeFile(const std::string& path, std::string text, Backup backup, Disk& disk);
+
+/// `WriteWholeFile` for a file of bytes that no memory may hold twice; it has no backup. What
+/// `content` throws leaves the old file as it was, too.
+void WriteLargeFile(const std::string& path, const Content& content);
+void WriteLargeFile(const std::string& path, const Content& content, Disk& disk);
 
 // --- Temporary files.
 

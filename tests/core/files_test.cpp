@@ -146,6 +146,20 @@ TEST(SafeSave, KeepsTheOldFileWholeWhateverStepFails) {
   EXPECT_EQ(steps, "write link rename rename flush ");
 }
 
+TEST(SafeSave, TakesLargeFilesPieceByPiece) {
+  const TempFolder folder;
+  const auto write = [](bool fails) {
+    WriteLargeFile("a.bmd", [&](const Sink& sink) {
+      for (const char* piece : {"n", "e\r", "w"}) sink(piece);
+      if (fails) throw RuntimeError(ErrorNumber::InvalidCall);
+      sink(std::string("\0\xB0", 2));
+    });
+  };
+  EXPECT_EQ(ErrorOf([&] { write(false); }), 0);
+  EXPECT_EQ(ErrorOf([&] { write(true); }), 5);
+  EXPECT_EQ(folder.Read("a.bmd") + folder.Entries(), "ne\rw\0\xB0"s + "a.bmd");
+}
+
 TEST(SafeSave, RespectsWhatIsThere) {
   const TempFolder folder;
   folder.Write("real/river.hnp", "old");
