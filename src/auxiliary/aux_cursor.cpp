@@ -17,6 +17,18 @@ Parameters AuxCursor::ReadParameters() {
   return parameters;
 }
 
+std::int32_t AuxCursor::ReadNumbersOfLine(BoundedArray<float>& numbers) {
+  kept_ = Kept::AsRead;
+  std::string line(in_.ReadRawLine());
+  const std::size_t count = SplitFields(
+      CollapseWhitespace(line), '\t', static_cast<std::size_t>(numbers.Count()),
+      numbers.UpperBound(), ui_, [&](std::size_t place, std::string_view field) {
+        numbers[numbers.LowerBound() + static_cast<std::int64_t>(place)] = ToNumber<float>(field);
+        return true;
+      });
+  return static_cast<std::int32_t>(count);
+}
+
 std::string AuxCursor::ReadWhole() {
   kept_ = Kept::AsRead;
   return std::string(Trim(in_.ReadRawLine()));

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/bounded_array.h"
 #include "core/dates.h"
 #include "core/reader_state.h"
 
@@ -44,6 +45,10 @@ class AuxCursor {
   /// than 10 fields are error 9, with a box of its own where it is the last that is too many. The
   /// fields stay valid as long as the cursor.
   Parameters ReadParameters();
+
+  /// By line, of as many numbers as it has, from the array's start. Gives their count; more than
+  /// the array holds are error 9, with a box of its own where it is the last that is too many.
+  std::int32_t ReadNumbersOfLine(BoundedArray<float>& numbers);
 
   /// By free input: the next number up to a comma, blank, tab or line end, on whatever line it is.
   template <class Number>

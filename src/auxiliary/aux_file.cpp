@@ -10,7 +10,9 @@
 #include "auxiliary/aux_cursor.h"
 #include "auxiliary/aux_load.h"
 #include "auxiliary/aux_text.h"
+#include "auxiliary/bcf_file.h"
 #include "auxiliary/lat_file.h"
+#include "auxiliary/met_file.h"
 #include "auxiliary/pow_file.h"
 #include "auxiliary/step_progress.h"
 #include "auxiliary/wit_file.h"
@@ -32,6 +34,8 @@ constexpr std::array kTextKinds = {
     TextKind{"LAT", ReadLAT, AppendLAT},
     TextKind{"WIT", ReadWIT, AppendWIT},
     TextKind{"POW", ReadPOW, AppendPOW},
+    TextKind{"BCF", ReadBCF, AppendBCF},
+    TextKind{"MET", ReadMET, AppendMET},
 };
 
 const TextKind& KindOf(const std::string& fileName) {

@@ -35,6 +35,7 @@ class SeriesReader {
     room_ = count;
     FitToRoom();
     for (AuxXSect& xsect : aux_.XSect) xsect.Values.ShrinkToFit();
+    if (shape_.Accepted != nullptr && !shape_.Accepted(load_)) return false;
     AdoptStepCount(aux_, count, load_.Around.Screen);
     return true;
   }
