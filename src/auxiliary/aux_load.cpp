@@ -4,18 +4,10 @@
 
 #include <fmt/format.h>
 
+#include "auxiliary/xsect_names.h"
 #include "model/input_file.h"
 
 namespace lomaris {
-namespace {
-
-std::int32_t LargestNode(const HydroInput& hydro) {
-  std::int32_t nodes = 0;
-  for (int i = 1; i <= hydro.BranchCount; ++i) nodes += hydro.Branches[i].XSectCount;
-  return nodes;
-}
-
-}  // namespace
 
 std::int32_t CheckedTimes(std::int32_t count) {
   return CheckedCount(count, std::numeric_limits<std::int32_t>::max());
@@ -42,7 +34,7 @@ bool MarkNode(const AuxXSect& xsect, const AuxLoad& load) {
                            "range of node numbers found in the HNP file (1 to {}). This probably "
                            "occurred because the LAT file was editted outside of Lomaris or "
                            "because this auxiliary file is from a different modeling project.",
-                           xsect.Node, LargestNode(load.Around.Hydro)),
+                           xsect.Node, NodeNames(load.Around.Hydro).size()),
        .Title = "Error"});
   return false;
 }
