@@ -20,16 +20,20 @@
 namespace lomaris {
 namespace {
 
-/// A kind of file at its widest.
+/// A kind of file at its widest; boundaries with as many columns as leave room for 50,000 steps.
 struct Kind {
   const char* Name;
   std::int32_t XSects;
-  std::int32_t Slots;  ///< with values
+  std::int32_t Series;   ///< cross sections with values in the file
+  std::int32_t Columns;  ///< of each of them
+  std::int32_t Slots;    ///< of each of them in memory
 };
 
-constexpr Kind kLAT = {"a.lat", 40, 17};
-constexpr Kind kWIT = {"a.wit", 1, 1};
-constexpr Kind kPOW = {"a.pow", 2, 2};
+constexpr Kind kLAT = {"a.lat", 40, 40, 17, 17};
+constexpr Kind kWIT = {"a.wit", 1, 1, 1, 1};
+constexpr Kind kPOW = {"a.pow", 2, 2, 2, 2};
+constexpr Kind kBCF = {"a.bcf", 1, 1, 5, 17};
+constexpr Kind kMET = {"a.met", 2, 1, 5, 5};
 
 /// Measured values as a monitoring network delivers them: some decimals, some whole.
 float Measured(std::int64_t i) {
@@ -44,10 +48,13 @@ class Fixture {
     Network.Branches[1].XSectCount = static_cast<std::int16_t>(kind.XSects);
     Network.Branches[1].XSects.Resize(kind.XSects);
     Aux.FileName = folder_.File(kind.Name);
+    project_.BCCountH = 1;
+    project_.BCFilesH[1].Upstream = Aux.FileName;
     Aux.NumTimes = steps;
     Aux.Times.Resize(steps);
     for (std::int32_t t = 1; t <= steps; ++t) Aux.Times[t] = 36526 + (t - 1) / 24.0;
-    for (int slot = 1; slot <= kind.Slots; ++slot) Aux.ActiveConst[slot] = true;
+    for (int slot = 1; slot <= kind.Columns; ++slot) Aux.ActiveConst[slot] = true;
+    Aux.NumConst = kind.Columns - 1;
     Aux.NumXSect = kind.XSects;
     Aux.XSect.Resize(kind.XSects);
     for (std::int32_t i = 1; i <= kind.XSects; ++i) FillXSect(i);
@@ -61,9 +68,9 @@ class Fixture {
     std::vector<float> numbers;
     for (std::int32_t t = 1; t <= Aux.NumTimes; ++t) {
       numbers.insert(numbers.end(), {2000, 1, 1, static_cast<float>(t % 24)});
-      for (const AuxXSect& xsect : Aux.XSect) {
-        const float* row = xsect.Values.Row(t);
-        numbers.insert(numbers.end(), row, row + kind_.Slots);
+      for (std::int32_t i = 1; i <= kind_.Series; ++i) {
+        const float* row = Aux.XSect[i].Values.Row(t);
+        numbers.insert(numbers.end(), row, row + kind_.Columns);
       }
     }
     return numbers;
@@ -83,7 +90,7 @@ class Fixture {
     xsect.Values = ValueBlock(kind_.Slots, Aux.NumTimes);
     Aux.ActiveNode[i] = true;
     for (std::int32_t t = 1; t <= Aux.NumTimes; ++t) {
-      for (int slot = 1; slot <= kind_.Slots; ++slot) {
+      for (int slot = 1; slot <= kind_.Columns; ++slot) {
         xsect.Values(slot, t) = Measured(std::int64_t{t} * 640 + i * 16 + slot);
       }
     }
@@ -164,6 +171,8 @@ void SaveRival(benchmark::State& state, const Kind& kind) {
 LOMARIS_SERIES_BENCHMARKS(kLAT, 8333);
 LOMARIS_SERIES_BENCHMARKS(kWIT, 116'667);
 LOMARIS_SERIES_BENCHMARKS(kPOW, 87'500);
+LOMARIS_SERIES_BENCHMARKS(kBCF, 50'000);
+LOMARIS_SERIES_BENCHMARKS(kMET, 50'000);
 
 }  // namespace
 }  // namespace lomaris
