@@ -11,6 +11,7 @@
 #include "auxiliary/aux_load.h"
 #include "auxiliary/aux_text.h"
 #include "auxiliary/bcf_file.h"
+#include "auxiliary/bmd_view.h"
 #include "auxiliary/lat_file.h"
 #include "auxiliary/met_file.h"
 #include "auxiliary/pow_file.h"
@@ -70,9 +71,10 @@ void TellInputAborted(const RuntimeError& error, const std::string& fileName,
                   .Title = "Error"});
 }
 
-bool ReadText(AuxData& aux, const std::string& path, const AuxSurroundings& around) {
+bool ReadContent(AuxData& aux, const std::string& path, const AuxSurroundings& around) {
   std::optional<AuxCursor> in;
   try {
+    if (TypeKey(aux.FileName) == "BMD") return ReadModelResults(aux, path, around);
     const TextKind& kind = KindOf(aux.FileName);
     in.emplace(around.Screen, path);
     for (std::string& line : aux.Description) line = in->ReadWhole();
@@ -102,7 +104,7 @@ bool LoadAUXFile(AuxData& aux, const AuxSurroundings& around) {
   bool read = false;
   {
     const WindowAtWork atWork(around.Window, WindowAtWork::Tab::Locked);
-    read = ReadText(loaded, *path, around);
+    read = ReadContent(loaded, *path, around);
   }
   if (read) aux = std::move(loaded);
   if (!read && around.Window != nullptr) around.Window->Close();
