@@ -95,23 +95,23 @@ void HydroDesk::ListAndShow(int entry) {
 
 void HydroDesk::ShowEntry(int entry) {
   branch_ = entry < 0 ? 0 : listed_.at(static_cast<std::size_t>(entry));
-  CompareBoundaryFiles();
+  if (branch_ > 0) CompareBoundaryFiles(branch_, branch_);
   ShowBranch(branch_ > 0 ? BranchFormOf(Hydro(), branch_) : BranchForm());
   FillXSects(xsects_, branch_ > 0 ? Hydro().Branches[branch_] : BranchRec());
 }
 
-/// Of all branches together: a file that names its branches out of order has their boundary files
-/// crosswise, and one branch alone would put a name into the project twice.
-void HydroDesk::CompareBoundaryFiles() {
+/// Of all branches together when a file is opened: one that names its branches out of order has
+/// their boundary files crosswise, and one branch alone would put a name into the project twice.
+void HydroDesk::CompareBoundaryFiles(int first, int last) {
   const HydroInput& hydro = Hydro();
   ProjectData& project = Project();
   bool changed = false;
   if (project.BCFilesH.UpperBound() < hydro.BranchCount) project.BCFilesH.Resize(hydro.BranchCount);
-  for (std::int16_t i = 1; i <= hydro.BranchCount; ++i) {
+  for (int i = first; i <= last; ++i) {
     const bool upstream = Overwrite(project.BCFilesH[i].Upstream, hydro.Branches[i].USFile);
     const bool downstream = Overwrite(project.BCFilesH[i].Downstream, hydro.Branches[i].DSFile);
     if (!upstream && !downstream) continue;
-    project.BCCountH = Max(project.BCCountH, i);
+    project.BCCountH = Max(project.BCCountH, static_cast<std::int16_t>(i));
     changed = true;
   }
   if (!changed) return;
@@ -262,7 +262,7 @@ void HydroDesk::RunBoundary(BoundaryAction action, bool isUpstream) {
                         .Row = branch_,
                         .IsUpstream = isUpstream,
                         .BoundaryType = std::string(1, isUpstream ? branch.USType : branch.DSType)};
-    if (action == BoundaryAction::Edit) request.FileName = FileIn(field);
+    if (action == BoundaryAction::Edit) request.FileName = PathOf(FileIn(field));
     around_.Windows.FileEdit(request);
     return true;
   });

@@ -23,6 +23,20 @@ constexpr int kHydroFilter = 0;
 constexpr int kDaysOfNewNetwork = 30;
 constexpr int kSeedYears = 50;  ///< the model's day numbers run over after that
 
+/// A branch that one of the lists does not have has no files.
+bool NameTheSame(const BoundedArray<BranchBCFiles>& one, const BoundedArray<BranchBCFiles>& other) {
+  const auto name = [](const BoundedArray<BranchBCFiles>& files, std::int64_t i,
+                       std::string BranchBCFiles::*end) {
+    return NormaliseFileName(i <= files.UpperBound() ? files[i].*end : std::string(), true);
+  };
+  for (std::int64_t i = 1; i <= Max(one.UpperBound(), other.UpperBound()); ++i) {
+    for (const auto end : {&BranchBCFiles::Upstream, &BranchBCFiles::Downstream}) {
+      if (name(one, i, end) != name(other, i, end)) return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 std::string HydroCaption(const std::string& fileName) {
@@ -69,10 +83,15 @@ bool HydroDesk::LoadNetwork(const std::string& fileName) {
   const bool waits =
       hydro.HydroLoaded && hydro.Dirty && SameFile(hydro.FileName, fileName, Project().FileName);
   if (waits) return true;
+  HydroInput before = hydro;
   if (!SaveNetworkFirst(hydro, Project(), around_.Screen)) return false;
+  if (hydro.FileName == before.FileName) before.Dirty = hydro.Dirty;  // it was saved
   HydroInput loaded;
   const NamesFrom names = own_ ? NamesFrom::File : NamesFrom::Project;
-  if (!LoadHNPFile(loaded, Project(), around_.Screen, fileName, names)) return false;
+  if (!LoadHNPFile(loaded, Project(), around_.Screen, fileName, names)) {
+    hydro = std::move(before);
+    return false;
+  }
   if (!loaded.HydroLoaded) {
     loaded = NewNetwork(Today(), Today() + kDaysOfNewNetwork);
     loaded.FileName = fileName;
@@ -96,11 +115,14 @@ bool HydroDesk::Open(const std::string& fileName, bool aside) {
   return Run("Initialize", [&] {
     if (open_ && !MayDropChanges()) return false;
     std::unique_ptr<OwnRecords> records;
-    if (aside) records = std::make_unique<OwnRecords>(OwnRecords{around_.Project, {}});
+    if (aside) {
+      records = std::make_unique<OwnRecords>(OwnRecords{around_.Project, {}});
+      // The names in a file of another project mean what lies beside that file.
+      std::string& beside = records->Project.FileName;
+      beside = FindFile(fileName, beside).value_or(beside);
+    }
     own_.swap(records);
-    const HydroInput before = Hydro();
     if (!LoadNetwork(fileName)) {
-      Hydro() = before;
       own_.swap(records);
       if (open_) ShowAll();  // without the changes that were given up
       return false;
@@ -108,6 +130,7 @@ bool HydroDesk::Open(const std::string& fileName, bool aside) {
     view_.SetCaption(HydroCaption(fileName));
     open_ = true;
     LoadLibrary();
+    CompareBoundaryFiles(1, Hydro().BranchCount);
     ShowAll();
     KeepAsOpened();
     return true;
@@ -162,9 +185,14 @@ bool HydroDesk::SaveOnTheWay() {
 /// still says it.
 void HydroDesk::GiveUp() {
   ProjectData& project = Project();
-  const auto takeBack = [](std::string& projects, const std::string& given,
-                           const std::string& before) {
-    if (NormaliseFileName(projects, true) == NormaliseFileName(given, true)) projects = before;
+  const auto takeBack = [&project](std::string& projects, const std::string& given,
+                                   const std::string& before) {
+    if (NormaliseFileName(before, true) == NormaliseFileName(given, true) ||
+        NormaliseFileName(projects, true) != NormaliseFileName(given, true)) {
+      return;
+    }
+    projects = before;
+    project.Dirty = true;  // it may have been saved with the name meanwhile
   };
   for (int i = 1; i <= Hydro().BranchCount && i <= project.BCFilesH.Count(); ++i) {
     const BranchRec before = i <= asOpened_.BranchCount ? asOpened_.Branches[i] : BranchRec();
@@ -172,12 +200,9 @@ void HydroDesk::GiveUp() {
     takeBack(project.BCFilesH[i].Downstream, Hydro().Branches[i].DSFile, before.DSFile);
   }
   const ProjectData& before = projectAsOpened_;
-  if (project.BCFilesH == before.BCFilesH) project.BCCountH = before.BCCountH;
-  if (project.BCFilesQ == before.BCFilesQ) project.BCCountQ = before.BCCountQ;
+  if (NameTheSame(project.BCFilesH, before.BCFilesH)) project.BCCountH = before.BCCountH;
+  if (NameTheSame(project.BCFilesQ, before.BCFilesQ)) project.BCCountQ = before.BCCountQ;
   Hydro() = asOpened_;
-  ProjectData now = project;
-  now.Dirty = before.Dirty;
-  if (now == before) project.Dirty = before.Dirty;
   around_.Windows.RefreshProjectWindow();
 }
 
@@ -211,6 +236,11 @@ bool HydroDesk::Write(bool saveAs) {
   ProjectData& project = Project();
   const std::string name = NameToSaveUnder(saveAs);
   if (name.empty() || !TakeAll()) return false;
+  FollowProjectsNames();
+  if (own_ && SameFile(around_.Hydro.FileName, name, around_.Project.FileName) &&
+      !SaveNetworkFirst(around_.Hydro, around_.Project, around_.Screen)) {
+    return false;
+  }
   if (!saveAs && !file_.MayOverwrite(name, project.FileName, around_.Screen)) return false;
   if (!SaveHNPFile(hydro, project, around_.Screen, name)) return false;
   const bool otherLibrary = asOpened_.XSGFile != hydro.XSGFile;
@@ -223,6 +253,20 @@ bool HydroDesk::Write(bool saveAs) {
   around_.Windows.RefreshProjectWindow();
   if (otherLibrary) LoadLibrary();
   return true;
+}
+
+/// What the user has chosen in the project window meanwhile stands, where nothing was chosen here.
+void HydroDesk::FollowProjectsNames() {
+  constexpr std::pair<std::string HydroInput::*, std::string ProjectData::*> kNames[] = {
+      {&HydroInput::LatFile, &ProjectData::LatFileH},
+      {&HydroInput::WitFile, &ProjectData::WitFileH},
+      {&HydroInput::XSGFile, &ProjectData::XSGFileH}};
+  for (const auto& [mine, projects] : kNames) {
+    const bool chosenHere = Hydro().*mine != asOpened_.*mine;
+    const bool chosenThere = Project().*projects != projectAsOpened_.*projects;
+    if (chosenThere && !chosenHere) Hydro().*mine = Project().*projects;
+  }
+  ShowForm(FormOf(Hydro()));
 }
 
 /// A file written from here may be the one that the network in memory was read from: it is read

@@ -116,6 +116,7 @@ class HydroDesk {
   bool MayDropChanges();
   bool SaveOnTheWay();
   void GiveUp();
+  void FollowProjectsNames();
   void KeepAsOpened();
   bool LoadNetwork(const std::string& fileName);
   void ShowForm(const HydroForm& form);
@@ -123,6 +124,7 @@ class HydroDesk {
   bool Write(bool saveAs);
   void ForgetSharedCopy(const std::string& fileName);
   std::string NameToSaveUnder(bool saveAs);
+  std::string PathOf(const std::string& name) const;
   std::string AskForFile(int slot, const std::string& field);
   bool TakeAll();
 
@@ -130,7 +132,7 @@ class HydroDesk {
   void ShowList(int entry);
   void ShowEntry(int entry);
   void ListAndShow(int entry);
-  void CompareBoundaryFiles();
+  void CompareBoundaryFiles(int first, int last);
   void CheckRecord() const;
   bool TakeBranch();
   void WarnOfCoefficient();

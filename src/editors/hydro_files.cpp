@@ -35,6 +35,12 @@ std::string HydroDesk::AskForFile(int slot, const std::string& field) {
   return chosen.empty() ? std::string() : chosen.front();
 }
 
+/// A name as other windows understand it: they look beside the project, not beside a file that is
+/// in none.
+std::string HydroDesk::PathOf(const std::string& name) const {
+  return own_ ? FindFile(name, Project().FileName).value_or(name) : name;
+}
+
 bool HydroDesk::OffersEdit(NetworkFile file) const {
   const FileField& field = FieldOf(file);
   return around_.Windows.OffersEditor(field.Kind) &&
@@ -45,8 +51,9 @@ void HydroDesk::EditFile(NetworkFile file) {
   if (!OffersEdit(file)) return;
   Run("btnBrowse_Click", [&] {
     const FileField& field = FieldOf(file);
-    around_.Windows.FileEdit(
-        {.FileName = FileIn(view_.Form().*field.Name), .Kind = field.Kind, .Slot = field.Slot});
+    around_.Windows.FileEdit({.FileName = PathOf(FileIn(view_.Form().*field.Name)),
+                              .Kind = field.Kind,
+                              .Slot = field.Slot});
     return true;
   });
 }

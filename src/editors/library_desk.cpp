@@ -241,11 +241,13 @@ bool LibraryDesk::Write(bool saveAs) {
   return true;
 }
 
-/// The network's look-ups have followed in memory: they belong to the library that the project
-/// names. Nobody else would ask to save them.
+/// The network's look-ups have followed in memory. Nobody else would ask to save them; and those of
+/// the library that the project names are not to follow a copy of it.
 void LibraryDesk::SaveRenames() {
   if (renames_.empty()) return;
-  if (IsProjects(library_.FileName)) {
+  const bool isCopy =
+      !IsProjects(library_.FileName) && std::ranges::any_of(renames_, &Renamed::OfProject);
+  if (!isCopy) {
     renames_.clear();
     SaveNetworkOfNobody();
     return;
@@ -256,7 +258,7 @@ void LibraryDesk::SaveRenames() {
                "hydrodynamic input file.",
        .Title = "Warning",
        .BoxIcon = Icon::Warning});
-  TakeRenamesBack();
+  TakeRenamesBack(false);
 }
 
 bool LibraryDesk::Save(bool saveAs) {
@@ -271,7 +273,7 @@ bool LibraryDesk::QueryUnload() {
                                     .Title = "Lomaris",
                                     .BoxIcon = Icon::Question,
                                     .BoxButtons = Buttons::YesNoCancel});
-    if (answer == Answer::No) TakeRenamesBack();
+    if (answer == Answer::No) TakeRenamesBack(true);
     return answer == Answer::Yes ? Write(false) : answer == Answer::No;
   });
 }
@@ -365,25 +367,38 @@ bool LibraryDesk::NetworkIsWanted() {
 
 void LibraryDesk::RenameInNetwork(const std::string& from, const std::string& to) {
   HydroInput& hydro = around_.Hydro;
-  if (renames_.empty()) networkWasSaved_ = !hydro.Dirty;
+  networkWasSaved_ = renames_.empty() ? !hydro.Dirty : networkWasSaved_ && hydro.Dirty;
+  const bool isNew = !LooksUp(hydro, to);
   std::vector<std::string> xsects = RenameLookups(hydro, from, to);
-  if (!xsects.empty()) hydro.Dirty = true;
   around_.Windows.LookupsRenamed(from, to, {});
-  renames_.push_back({from, to, std::move(xsects)});
+  if (xsects.empty()) return;
+  hydro.Dirty = true;
+  if (isNew) xsects.clear();
+  renames_.push_back({from, to, hydro.FileName, std::move(xsects), IsProjects(library_.FileName)});
 }
 
-/// The library that is given up keeps its old names on disk, and so must the look-ups. When nobody
-/// has saved them in between, the network is what it was.
-void LibraryDesk::TakeRenamesBack() {
-  if (renames_.empty()) return;
+/// `wasSaved`: the network was as on disk before all renames, and is so again behind them.
+void LibraryDesk::TakeBack(const Renamed& renamed, bool wasSaved) {
   HydroInput& hydro = around_.Hydro;
-  const bool asBefore = networkWasSaved_ && hydro.Dirty && !around_.Windows.EditsNetwork();
+  const auto& [from, to, network, xsects, ofProject] = renamed;
+  if (hydro.FileName != network) {
+    around_.Screen.ShowMessage(
+        {.Text = "Hydrodynamic input file " + network + " looks up cross section " + to +
+                 ", which the library on disk has as " + from + "; please correct one of them.",
+         .Title = "Warning",
+         .BoxIcon = Icon::Warning});
+    return;
+  }
+  if (!RenameLookups(hydro, to, from, xsects).empty()) hydro.Dirty = !wasSaved;
+  around_.Windows.LookupsRenamed(to, from, xsects);
+}
+
+/// The library that is given up keeps its old names on disk, and so must the look-ups. Not `all`:
+/// names that a library beside the project's was asked about stay.
+void LibraryDesk::TakeRenamesBack(bool all) {
+  const bool wasSaved = networkWasSaved_ && around_.Hydro.Dirty && !around_.Windows.EditsNetwork();
   for (; !renames_.empty(); renames_.pop_back()) {
-    const auto& [from, to, xsects] = renames_.back();
-    if (xsects.empty()) continue;
-    RenameLookups(hydro, to, from, xsects);
-    around_.Windows.LookupsRenamed(to, from, xsects);
-    hydro.Dirty = !asBefore;
+    if (all || renames_.back().OfProject) TakeBack(renames_.back(), wasSaved);
   }
   SaveNetworkOfNobody();
 }

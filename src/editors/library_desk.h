@@ -95,11 +95,14 @@ class LibraryDesk {
   void Rename();
 
  private:
-  /// A section's new name, and the cross sections that have followed it.
+  /// A section's new name, which the network in memory has followed.
   struct Renamed {
     std::string From;
     std::string To;
-    std::vector<std::string> XSects;
+    std::string Network;              ///< its file
+    std::vector<std::string> XSects;  ///< the cross sections that have followed; empty for all that
+                                      ///< look up the new name
+    bool OfProject;                   ///< in the library that the project names
   };
 
   bool Run(const char* routine, const std::function<bool()>& action);
@@ -116,7 +119,8 @@ class LibraryDesk {
   bool FaultsPass(const std::vector<XSectPoint>& points);
   bool NetworkIsWanted();
   void RenameInNetwork(const std::string& from, const std::string& to);
-  void TakeRenamesBack();
+  void TakeBack(const Renamed& renamed, bool wasSaved);
+  void TakeRenamesBack(bool all);
   void SaveRenames();
   void SaveNetworkOfNobody();
 

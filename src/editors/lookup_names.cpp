@@ -8,10 +8,20 @@ namespace lomaris {
 namespace {
 
 bool Follows(const std::vector<std::string>& xsects, const std::string& name) {
-  return xsects.empty() || std::find(xsects.begin(), xsects.end(), name) != xsects.end();
+  return xsects.empty() || std::ranges::binary_search(xsects, name);
 }
 
 }  // namespace
+
+bool LooksUp(const HydroInput& hydro, const std::string& section) {
+  for (int i = 1; i <= hydro.BranchCount; ++i) {
+    const auto& xsects = hydro.Branches[i].XSects;
+    if (std::ranges::any_of(xsects, [&](const auto& each) { return each.Lookup == section; })) {
+      return true;
+    }
+  }
+  return false;
+}
 
 std::vector<std::string> RenameLookups(HydroInput& hydro, const std::string& from,
                                        const std::string& to,
@@ -24,6 +34,7 @@ std::vector<std::string> RenameLookups(HydroInput& hydro, const std::string& fro
       renamed.push_back(xsect.Name);
     }
   }
+  std::ranges::sort(renamed);
   return renamed;
 }
 

@@ -10,9 +10,11 @@
 namespace lomaris {
 
 // A cross section of the network looks its shape up by name; these follow a section that gets
-// another one. `xsects`: names of the cross sections that are to follow; empty for all.
+// another one. `xsects`: names of the cross sections that are to follow, sorted; empty for all.
 
-/// The names of the cross sections whose look-ups were renamed.
+bool LooksUp(const HydroInput& hydro, const std::string& section);
+
+/// The names of the cross sections whose look-ups were renamed, sorted.
 std::vector<std::string> RenameLookups(HydroInput& hydro, const std::string& from,
                                        const std::string& to,
                                        const std::vector<std::string>& xsects = {});

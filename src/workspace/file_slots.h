@@ -59,8 +59,8 @@ std::string BoundaryRowText(const BoundaryRow& row);
 /// The row of such a text. Error 5 when it is none.
 BoundaryRow ParseBoundaryRow(std::string_view text);
 
-/// What a slot shows, trimmed, and cut before any "(" unless it names an existing file as it stands:
-/// the file that is looked for.
+/// What a slot shows, trimmed, and cut before any "(" unless it names an existing file as it
+/// stands: the file that is looked for.
 std::string NameBeforeRemark(std::string_view text, std::string_view besideFile = {});
 
 }  // namespace lomaris

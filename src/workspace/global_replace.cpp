@@ -33,7 +33,7 @@ void ReplaceInFileNames(ProjectData& project, std::string_view from, std::string
   }
 }
 
-bool GlobalReplace(ProjectData& project, Ui& ui) {
+bool GlobalReplace(ProjectData& project, Ui& ui, const std::function<bool()>& mayReplace) {
   const std::string from = ui.AskText(
       {.Prompt = "This will do a global search and replace on all filenames found in the Project "
                  "file. It can be useful if you move all project files to a different drive or "
@@ -45,7 +45,7 @@ bool GlobalReplace(ProjectData& project, Ui& ui) {
   const std::string to = ui.AskText({.Prompt = "Now enter the replacement string for '" + from +
                                                "' (for example: C:\\NEWDIR\\): ",
                                      .Title = kTitle});
-  if (to.empty()) return false;
+  if (to.empty() || !mayReplace()) return false;
   ReplaceInFileNames(project, from, to);
   return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -15,7 +16,8 @@ std::string ReplaceFirst(const std::string& text, std::string_view from, std::st
 /// files of both models, in each name the first place only. Weather files and other files stay.
 void ReplaceInFileNames(ProjectData& project, std::string_view from, std::string_view to);
 
-/// Asks what to replace by what and does it. False when an answer was empty.
-bool GlobalReplace(ProjectData& project, Ui& ui);
+/// Asks what to replace by what, and does it when `mayReplace` then gives true. False when an
+/// answer was empty, or it did not.
+bool GlobalReplace(ProjectData& project, Ui& ui, const std::function<bool()>& mayReplace);
 
 }  // namespace lomaris

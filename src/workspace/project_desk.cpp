@@ -235,8 +235,9 @@ bool ProjectDesk::QueryUnload() {
 void ProjectDesk::Replace() {
   Run("mnuEditItem_Click", [&] {
     // Editors would put the names that they have back into the project.
-    if (!SaveForm() || !NothingElseOpen()) return;
-    if (!GlobalReplace(around_.Project, around_.Screen)) return;
+    const auto mayReplace = [this] { return NothingElseOpen(); };
+    if (!view_.MayLeaveProject() || !SaveForm()) return;
+    if (!GlobalReplace(around_.Project, around_.Screen, mayReplace)) return;
     around_.Hydro = HydroInput();
     MarkDirty();
     LoadForm();

@@ -56,6 +56,7 @@ std::string ShownIn(const ProjectForm& form, std::size_t slot) {
 /// The file that the slot names; empty for none.
 std::string NameIn(const ProjectForm& form, std::size_t slot) {
   const std::string shown = ShownIn(form, slot);
+  if (shown.empty()) return {};
   if (IsBoundarySlot(slot)) return ParseBoundaryRow(shown).FileName;
   return NamesAFile(shown) ? shown : std::string();
 }

@@ -289,7 +289,8 @@ TEST_F(HydroDeskTest, WhatIsGivenUpLeavesTheProjectToo) {
   ui.Texts = {"Mill Race"};
   desk.AddBranch();
   EXPECT_TRUE(desk.QueryUnload());
-  EXPECT_TRUE(project.BCCountH == 0 && project.BCCountQ == 0 && !project.Dirty);
+  EXPECT_TRUE(project.BCCountH == 0 && project.BCCountQ == 0 && project.Dirty)
+      << "it may have been saved with the name";
   EXPECT_EQ(project.BCFilesH[1], before.BCFilesH[1]);
 }
 
@@ -298,9 +299,11 @@ TEST_F(HydroDeskTest, ASaveOnTheWayLeavesTheProjectsChoiceAlone) {
   desk.Edited();
   project.HydroFile = folder.Write("other.hnp", Example(kName));
   project.LatFileH = "new.lat";
+  project.WitFileH = "new.wit";
   ui.Answers = {Answer::Yes};
   EXPECT_TRUE(desk.Open("other.hnp"));
-  EXPECT_THAT(folder.Read(kName), HasSubstr("\r\nold.lat\r\n"));
+  EXPECT_THAT(folder.Read(kName), HasSubstr("\r\nold.lat\r\nnew.wit\r\n"))
+      << "what was not chosen in the editor follows the project";
   EXPECT_EQ(project.LatFileH + hydro.LatFile, "new.latnew.lat");
 
   folder.Write("other.hnp", "changed by another program");

@@ -115,6 +115,7 @@ TEST_F(LibraryDeskTest, NamesAreKeptApartAndForeignLibrariesAsked) {
   EXPECT_TRUE(!hydro.HydroLoaded && view.Names.at(9) == "CR-NEW");
 
   project.XSGFileH = kName;
+  ASSERT_TRUE(desk.Open(kName) && desk.SelectEntry(9));
   view.Asked = {"CR-LAST", ""};
   ui.Answers = {Answer::Yes};
   ui.Files = {{folder.Path("copy.xsg")}};
@@ -150,7 +151,7 @@ TEST_F(LibraryDeskTest, LookupNamesFollowARename) {
   ui.Answers = {Answer::No};
   EXPECT_TRUE(hydro.Dirty && desk.QueryUnload() && !hydro.Dirty);
   EXPECT_EQ(hydro.Branches[1].XSects[1].Lookup, "CR-RUN1") << "as the library on disk has it";
-  EXPECT_EQ(workbench.Notices.back(), "CR-NEW to CR-RUN1 in 4");
+  EXPECT_EQ(workbench.Notices.back(), "CR-NEW to CR-RUN1 in 0");
 
   ASSERT_TRUE(desk.Open(kName) && desk.SelectEntry(9));
   ui.Answers = {Answer::Yes, Answer::Yes};

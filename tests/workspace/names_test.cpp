@@ -66,13 +66,13 @@ TEST(GlobalReplace, LeavesWeatherAndOtherFilesAndEmptySlots) {
   expected.BCFilesH[1].Upstream = "new/u.bcf";
   expected.BCFilesQ[20].Downstream = "new/d.bcf";
 
-  EXPECT_TRUE(GlobalReplace(project, ui));
+  EXPECT_TRUE(GlobalReplace(project, ui, [] { return true; }));
   EXPECT_EQ(project, expected);
   EXPECT_EQ(ui.InputBoxes[1].Prompt,
             "Now enter the replacement string for 'old' (for example: C:\\NEWDIR\\): ");
 
   ui.Texts = {"new", ""};
-  EXPECT_FALSE(GlobalReplace(project, ui));
+  EXPECT_FALSE(GlobalReplace(project, ui, [] { return true; }));
   EXPECT_EQ(project, expected);
 }
 
