@@ -32,10 +32,8 @@ struct TextKind {
 };
 
 constexpr std::array kTextKinds = {
-    TextKind{"LAT", ReadLAT, AppendLAT},
-    TextKind{"WIT", ReadWIT, AppendWIT},
-    TextKind{"POW", ReadPOW, AppendPOW},
-    TextKind{"BCF", ReadBCF, AppendBCF},
+    TextKind{"LAT", ReadLAT, AppendLAT}, TextKind{"WIT", ReadWIT, AppendWIT},
+    TextKind{"POW", ReadPOW, AppendPOW}, TextKind{"BCF", ReadBCF, AppendBCF},
     TextKind{"MET", ReadMET, AppendMET},
 };
 
