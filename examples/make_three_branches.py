@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
 """Makes the example project "three_branches", a made-up river that is ready to open.
 
-The survey of the river stands in corvane_river.py. The rest is computed from it here, so that the
-numbers agree: inverts from the slopes, flows from the headwaters and the distributed inflows,
-initial depths from a backwater computation, area coefficients from the shapes.
+The survey of the river stands in corvane_river.py, a year along it in corvane_year.py. The rest is
+computed from them here, so that the numbers agree: inverts from the slopes, flows from the
+headwaters and the distributed inflows, initial depths from a backwater computation, area
+coefficients from the shapes.
 
-    make_three_branches.py            write the three files, print the plausibility table
+    make_three_branches.py            write the files, print the plausibility table
     make_three_branches.py --check    write nothing, compare the files instead
 
 The exit code is 1 when a check fails, and nothing is written then, or when a file differs.
@@ -18,11 +19,16 @@ import sys
 
 sys.dont_write_bytecode = True  # leaves no cache among the examples
 from corvane_river import BOTTOM_INVERT, BRANCHES, MILE_AT_BOTTOM, SHAPES
+import corvane_year as year
 from open_channel import BETA, GRAVITY, Channel, froude, rating_curve, step_up
+from series_files import CONSTITUENTS, lat_lines, pow_lines, printed, row, wit_lines
 
 FOLDER = pathlib.Path(__file__).resolve().parent / "three_branches"
 PROJECT_FILE = "three_branches.prj"
 HYDRO_FILE, LIBRARY_FILE = "corvane_river.hnp", "corvane_shapes.xsg"
+FLOW_FILE, QUALITY_FILE = "corvane_flows.lat", "corvane_loads.lat"
+WITHDRAWAL_FILE, PLANT_FILE = "corvane_works.wit", "corvane_plant.pow"
+MOST_BYTES = 1_000_000  # of all files
 
 THETA, TOLERANCE = 0.6, 0.01
 START, SUMMER, END = (2025, 4, 1, 0), (2025, 7, 1, 0), (2025, 11, 1, 0)
@@ -99,29 +105,14 @@ def build_network(channels):
 # The files -----------------------------------------------------------------------------------
 
 
-def number(value):
-    """The shortest text of a number, at most 7 significant digits."""
-    text = f"{value:.7g}"
-    if "e" in text:
-        raise ValueError(f"{value} needs an exponent")
-    return text
-
-
-def row(*values):
-    return "\t".join(number(value) for value in values)
-
-
-def printed(count):
-    """A number alone on its line."""
-    return f" {count} "
-
-
 def project_lines():
     none = "NULL"
     no_boundaries = [printed(0), ""]
     return [f"HYDRODYNAMIC_INPUT_FILE: {HYDRO_FILE}", f"WATER_QUALITY_INPUT_FILE: {none}",
-            "VESKH_AUXILLARY_FILES:", *no_boundaries, none, none, LIBRARY_FILE, "",
-            "VESKQ_AUXILLARY_FILES:", *no_boundaries, printed(0), none, none, "",
+            "VESKH_AUXILLARY_FILES:", *no_boundaries, FLOW_FILE,
+            WITHDRAWAL_FILE, LIBRARY_FILE, "",
+            "VESKQ_AUXILLARY_FILES:", *no_boundaries, printed(0), QUALITY_FILE,
+            PLANT_FILE, "",
             "PROJECT_DESCRIPTION:", DESCRIPTION, "",
             "OTHER_FILES:", printed(0), ""]
 
@@ -134,7 +125,7 @@ def hydro_lines(channels):
         lines += [printed(len(steps)), *(row(*step) for step in steps)]
     for place, branch in enumerate(BRANCHES, 1):
         lines += branch_lines(place, branch, channels)
-    return lines + [printed(0), "", "NULL", "NULL", LIBRARY_FILE]
+    return lines + [printed(0), "", FLOW_FILE, WITHDRAWAL_FILE, LIBRARY_FILE]
 
 
 def branch_lines(place, branch, channels):
@@ -166,6 +157,40 @@ def library_lines():
         lines += [f"{shape.name:<8.8}    {shape.description} ", printed(len(points))]
         lines += [f"{depth:.2f}\t{station:.2f}" for station, depth in points]
     return lines
+
+
+def node(place):
+    """The running number through all branches and the name of a cross section."""
+    number, section = place
+    above = sum(len(branch.sections) for branch in BRANCHES[:number - 1])
+    return above + section, BRANCHES[number - 1].sections[section - 1].name
+
+
+def series_files():
+    """The auxiliary files, by name."""
+    hours, days = year.hours(), year.days()
+    inflows = [node(inflow.place) for inflow in year.INFLOWS]
+    flows = [year.flow_series(inflow) for inflow in year.INFLOWS]
+    loads = [year.quality_series(inflow) for inflow in year.INFLOWS]
+    factors = [year.conversion_factors(inflow) for inflow in year.INFLOWS]
+    works = [node(each.place) for each in year.WITHDRAWALS]
+    units = [(node(unit.outfall), node(year.INTAKE)) for unit in year.UNITS]
+    names = list(CONSTITUENTS)
+    return {
+        FLOW_FILE: lat_lines(head("lateral inflows", "whole cfs, by the hour"), inflows, names[:1],
+                             hours, flows, [(1,)] * len(flows)),
+        QUALITY_FILE: lat_lines(head("lateral inflows and what they carry", "by the hour"),
+                                inflows, names, hours, loads, factors),
+        WITHDRAWAL_FILE: wit_lines(head("withdrawals", "waterworks and irrigation, by the day"),
+                                   works, days,
+                                   [year.withdrawal_series(each) for each in year.WITHDRAWALS]),
+        PLANT_FILE: pow_lines(head("heat loads", "two units with one intake, by the day"), units,
+                              days, [year.heat_series(unit) for unit in year.UNITS]),
+    }
+
+
+def head(what, how):
+    return [f"Corvane River, {what} of {year.YEAR}", how, "A made-up year"]
 
 
 # Plausibility --------------------------------------------------------------------------------
@@ -233,11 +258,26 @@ def failures(channels):
         "flows stay within the banks": all(s.depth < channels[s.lookup].banks for s in sections),
         "area formulas are within 10 % of the shapes":
             all(greatest_misfit(channel) < 0.1 for channel in channels.values()),
+        "inflows never run dry":
+            all(flow > 0 for each in year.INFLOWS for flow, in year.flow_series(each)),
+        "withdrawals and the plant leave half of the initial flow": all(
+            flow < 0.5 * section_at(place).flow for place, flow in water_taken()),
         "discharge is continuous": all(continuous(place + 1) for place in range(len(BRANCHES))),
         "beds meet within 1 ft at the confluences":
             all(abs(bed_step(branch)) < 1 for branch in BRANCHES if branch.downstream),
     }
     return [text for text, holds in checks.items() if not holds]
+
+
+def section_at(place):
+    return BRANCHES[place[0] - 1].sections[place[1] - 1]
+
+
+def water_taken():
+    """Each place that water is taken from, and the most that is taken there, cfs."""
+    for works in year.WITHDRAWALS:
+        yield works.place, max(year.withdrawal_series(works))
+    yield year.INTAKE, sum(unit.flow for unit in year.UNITS)
 
 
 def good_points(points):
@@ -303,8 +343,11 @@ def main():
     print("\n".join([*shape_lines(channels), *table_lines(channels)]))
     files = {PROJECT_FILE: file_bytes(project_lines()),
              HYDRO_FILE: file_bytes(hydro_lines(channels)),
-             LIBRARY_FILE: file_bytes(library_lines())}
+             LIBRARY_FILE: file_bytes(library_lines()),
+             **{name: file_bytes(lines) for name, lines in series_files().items()}}
     wrong = [f"check failed: {text}" for text in failures(channels)]
+    if sum(len(data) for data in files.values()) > MOST_BYTES:
+        wrong.append(f"check failed: all files have {MOST_BYTES} bytes at most")
     if check:
         wrong += differing_files(files)
     elif not wrong:

@@ -20,6 +20,8 @@ class EditorTest : public testing::Test {
       folder.Write(name, Example(name));
     }
     project.HydroFile = "corvane_river.hnp";
+    project.LatFileH = "corvane_flows.lat";
+    project.WitFileH = "corvane_works.wit";
     project.XSGFileH = "corvane_shapes.xsg";
   }
 
