@@ -41,11 +41,3 @@ BENCHMARK(BareReadOfTheResults)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace lomaris
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setStyle("Fusion");
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-}

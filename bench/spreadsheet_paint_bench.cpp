@@ -112,11 +112,3 @@ BENCHMARK(RivalOfPaintPage)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace lomaris
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setStyle("Fusion");
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-}

@@ -1,5 +1,6 @@
 #include "windows/core/themed_icon.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QFile>
 #include <QIconEngine>
@@ -66,6 +67,12 @@ QIcon ThemedIcon(const QString& name) {
   QFile file(":/icons/" + name + ".svg");
   if (!file.open(QIODevice::ReadOnly)) return {};
   return QIcon(new ThemedIconEngine(file.readAll()));
+}
+
+void SetActionIcons(const QWidget& window, std::span<const ActionIcon> icons) {
+  for (const auto& [action, icon] : icons) {
+    window.findChild<QAction*>(action)->setIcon(ThemedIcon(icon));
+  }
 }
 
 }  // namespace lomaris

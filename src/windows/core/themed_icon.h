@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QIcon>
+#include <QWidget>
+#include <span>
 
 namespace lomaris {
 
@@ -8,5 +10,14 @@ namespace lomaris {
 /// the palette has at the moment of painting: right in a dark palette, grey when disabled, sharp on
 /// any screen. A null icon when there is no such drawing.
 QIcon ThemedIcon(const QString& name);
+
+/// An action of a window by its object name, and its drawing.
+struct ActionIcon {
+  const char* Action;
+  const char* Icon;
+};
+
+/// Every action named has to be there.
+void SetActionIcons(const QWidget& window, std::span<const ActionIcon> icons);
 
 }  // namespace lomaris

@@ -14,11 +14,6 @@ constexpr int kHelpTopic = 13;
 constexpr const char* kSection = "HNPStartup";
 constexpr const char* kShowProfileKey = "ShowProfile";
 
-struct ActionIcon {
-  const char* Action;
-  const char* Icon;
-};
-
 constexpr ActionIcon kActionIcons[] = {
     {"mnuFileSave", "save"},       {"mnuFileSaveAs", "save_as"},
     {"mnuFileClose", "close"},     {"mnuEditCut", "cut"},
@@ -30,9 +25,7 @@ constexpr ActionIcon kActionIcons[] = {
 }  // namespace
 
 void frmHydro::SetIcons() {
-  for (const ActionIcon& entry : kActionIcons) {
-    findChild<QAction*>(entry.Action)->setIcon(ThemedIcon(entry.Icon));
-  }
+  SetActionIcons(*this, kActionIcons);
   for (const FileControls& file : files_) {
     file.Edit->setIcon(ThemedIcon("edit"));
     file.Select->setIcon(ThemedIcon("open"));

@@ -23,11 +23,6 @@ constexpr int kTitleLines = 3;
 constexpr const char* kSection = "XSGStartup";
 constexpr const char* kShowDrawing = "ShowDrawing";
 
-struct ActionIcon {
-  const char* Action;
-  const char* Icon;
-};
-
 constexpr ActionIcon kActionIcons[] = {
     {"mnuFileSave", "save"},           {"mnuFileSaveAs", "save_as"},
     {"mnuFileClose", "close"},         {"mnuEditCut", "cut"},
@@ -66,9 +61,7 @@ frmXSect::~frmXSect() {
 }
 
 void frmXSect::SetLooks() {
-  for (const ActionIcon& entry : kActionIcons) {
-    findChild<QAction*>(entry.Action)->setIcon(ThemedIcon(entry.Icon));
-  }
+  SetActionIcons(*this, kActionIcons);
   ui_->txtDescription->setFixedHeight(HeightOfLines(*ui_->txtDescription, kTitleLines));
 }
 

@@ -30,11 +30,6 @@ constexpr std::size_t kFirstSlotItem = 5;  ///< index of slot 0 in the Edit menu
 constexpr int kContentsTopic = 1;
 constexpr std::size_t kRunItems[] = {0, 1, 2, 4, 6};
 
-struct ActionIcon {
-  const char* Action;
-  const char* Icon;
-};
-
 constexpr ActionIcon kActionIcons[] = {
     {"mnuFileNew", "new"},
     {"mnuFileOpen", "open"},
@@ -76,9 +71,7 @@ QString NumberedCaption(std::size_t number, const std::string& name) {
 }  // namespace
 
 void frmProject::SetIcons() {
-  for (const ActionIcon& entry : kActionIcons) {
-    findChild<QAction*>(entry.Action)->setIcon(ThemedIcon(entry.Icon));
-  }
+  SetActionIcons(*this, kActionIcons);
   for (std::size_t slot = 0; slot < kFileSlotCount; ++slot) {
     EditButtonOf(slot)->setIcon(ThemedIcon("edit"));
     SelectButtonOf(slot)->setIcon(ThemedIcon("select"));
