@@ -47,7 +47,10 @@ class QuietMonitor : public MonitorView {
 class QuietProcesses : public Processes {
  public:
   bool Launch(const StartRequest&) override { return false; }
-  std::optional<ProcessId> Start(const StartRequest&) override { return std::nullopt; }
+  std::optional<ProcessId> Start(const StartRequest&, std::string&) override {
+    return std::nullopt;
+  }
+  void Stop(ProcessId) override {}
   bool IsActive(ProcessId) override { return false; }
   ProcessEnd End(ProcessId) override { return {}; }
   void SetProcessWindowText(ProcessId, const std::string&) override {}

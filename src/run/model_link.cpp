@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -14,9 +15,10 @@
 namespace lomaris {
 namespace {
 
-/// A box may stay for a day. A larger number is one that the model has not written yet: the blanks
-/// of a text field would keep the box for 17 years.
-constexpr std::int32_t kLongestBox = 86400;  // s
+constexpr std::int32_t kLongestBox = 86400;  // s; a day
+
+/// The blanks of a text field: the model has not written its number yet.
+constexpr std::int32_t kNoTypeYet = 0x20202020;
 
 constexpr std::int32_t kAbortType = -1;
 
@@ -29,7 +31,7 @@ void TakeMessage(const ModelLink& link) {
 std::string_view ShowModelBox(const ModelLink& link, const std::string& text,
                               const std::string& title, std::int32_t type) {
   if (type > 0) {
-    link.Monitor.ShowTimedDialog(title, text, type);
+    link.Monitor.ShowTimedDialog(title, text, std::min(type, kLongestBox));
     return kCancel;
   }
   link.Monitor.HideSplash();
@@ -47,7 +49,7 @@ void TakeMsgBox(const ModelLink& link) {
   const std::string text = link.Model.ReadText(kUpdateRecord);
   const std::string title = link.Model.ReadText(kText2Record);
   const std::int32_t type = link.Model.ReadType();
-  if (type > kLongestBox) throw RuntimeError(ErrorNumber::TypeMismatch);
+  if (type == kNoTypeYet) throw RuntimeError(ErrorNumber::TypeMismatch);
   if (text == link.State.LastMessage) return;
   link.State.LastMessage = text;
   link.Monitor.AddMessage("Message: " + text);
@@ -125,7 +127,8 @@ constexpr std::array kCommands = {
 bool OpenModelFile(const ModelLink& link) {
   if (link.Model.IsOpen()) return true;
   const bool ready = link.Model.Open();
-  link.Monitor.ResetCancel();  // what was asked before the model listened is dropped
+  // What was asked before the model listened is dropped.
+  if (!std::exchange(link.State.FileSeen, true)) link.Monitor.ResetCancel();
   return ready;
 }
 

@@ -80,8 +80,8 @@ void LengthenInterval(MonitorView& monitor) {
 }
 
 void ShowPercent(const ModelLink& link, float percent) {
-  const float whole = std::nearbyint(percent);
-  if (whole == std::nearbyint(link.State.LastPercent)) return;
+  const float whole = WholePercent(percent);
+  if (whole == WholePercent(link.State.LastPercent)) return;
   const std::string text = fmt::format("{:.0f}% - {}", whole, link.State.BaseCaption);
   link.Monitor.SetCaption(text);
   link.Programs.SetProcessWindowText(link.State.Process, text + " (Fortran)");

@@ -6,6 +6,10 @@
 
 namespace lomaris {
 
+float WholePercent(float percent) {
+  return std::nearbyint(percent);
+}
+
 std::string ResultText(float value) {
   if (std::isnan(value)) return "NaN";
   if (std::isinf(value)) return value < 0 ? "-Inf" : "Inf";

@@ -67,6 +67,9 @@ class MonitorView {
   virtual void HideSplash() = 0;
 };
 
+/// A per cent as the bar and the caption tell it.
+float WholePercent(float percent);
+
 /// A result as the grid shows it: two decimals, a zero before the point. What is no number is said
 /// to be none.
 std::string ResultText(float value);

@@ -24,12 +24,13 @@ struct ProgramEntry {
 };
 
 constexpr std::array kPrograms = {
-    ProgramEntry{kRunHydro, "TavreskH.exe", "standin/TavreskH.exe", nullptr},
-    ProgramEntry{kRunQual, "TavreskQ.exe", "standin/TavreskQ.exe", nullptr},
-    ProgramEntry{kRunBoth, "TavreskH.exe;TavreskQ.exe", "standin/TavreskH.exe;standin/TavreskQ.exe",
-                 nullptr},
-    ProgramEntry{kRunPostProcessor, kPostProcessorCommand, "standin/Graph.exe", kPostProcessorKey},
-    ProgramEntry{kRunDataStore, kDataStoreCommand, "standin/Korb.exe", kDataStoreKey},
+    ProgramEntry{kRunHydro, "TavreskH.exe", "../standin/TavreskH.exe", nullptr},
+    ProgramEntry{kRunQual, "TavreskQ.exe", "../standin/TavreskQ.exe", nullptr},
+    ProgramEntry{kRunBoth, "TavreskH.exe;TavreskQ.exe",
+                 "../standin/TavreskH.exe;../standin/TavreskQ.exe", nullptr},
+    ProgramEntry{kRunPostProcessor, kPostProcessorCommand, "../standin/Graph.exe",
+                 kPostProcessorKey},
+    ProgramEntry{kRunDataStore, kDataStoreCommand, "../standin/Korb.exe", kDataStoreKey},
 };
 
 std::string WithoutQuotes(std::string_view text) {

@@ -31,8 +31,9 @@ RunResult RunAndWait(const StartRequest& request, const ModelLink& link, PollTim
                              .BoxIcon = Icon::Critical});
     return {};
   }
-  const std::optional<ProcessId> id = link.Programs.Start(request);
-  if (!id) return {.How = WaitEnd::NotStarted};
+  std::string reason;
+  const std::optional<ProcessId> id = link.Programs.Start(request, reason);
+  if (!id) return {.How = WaitEnd::NotStarted, .Reason = reason};
   link.State.Process = *id;
   WaitForEnd(*id, link, timer);
   link.Monitor.SetTimeRemaining({});

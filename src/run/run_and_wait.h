@@ -15,7 +15,8 @@ enum class WaitEnd {
 
 struct RunResult {
   WaitEnd How = WaitEnd::NoProgram;
-  ProcessEnd End = {};  ///< of a program that ended
+  ProcessEnd End = {};      ///< of a program that ended
+  std::string Reason = {};  ///< of one that did not start
 };
 
 /// Runs a model program and returns when it has ended. Meanwhile the event loop turns, and `timer`

@@ -71,8 +71,15 @@ void RunDesk::RunItem(int index) {
 
 bool RunDesk::NoneRuns() {
   if (!running_) return true;
-  around_.Screen.ShowMessage({.Text = "A model is still running. Wait for its end, or cancel it "
-                                      "in the window that shows its progress."});
+  view_.ShowMonitor();
+  const Answer answer = around_.Screen.ShowMessage(
+      {.Text = "A model is still running. Wait for its end, or cancel it in the window that shows "
+               "its progress.\r\n\r\nDo you want to end it by force? Its files may be left "
+               "incomplete.",
+       .BoxIcon = Icon::Warning,
+       .BoxButtons = Buttons::YesNo,
+       .DefaultAnswer = Answer::No});
+  if (answer == Answer::Yes) around_.Programs.Stop(state_.Process);
   return false;
 }
 
@@ -198,7 +205,7 @@ void RunDesk::RunOne(const ModelProgram& program, const char* form, const std::s
     Begin(stage);
     stage.Run(calls_.front(), tail);
     stage.CloseAndDelete();
-    TellEnd(stage, std::string(program.Name) + " has", {stage.EndLine()});
+    TellEnd(stage, std::string(program.Name) + " has");
   });
 }
 
@@ -214,7 +221,12 @@ void RunDesk::RunInTurn(const BothRunOptions& options) {
     view_.OfferClose();
     firstLine = first.EndLine();
     if (state_.Abort) {
-      ShowEndLines(first, {firstLine});
+      ShowLines(first, {firstLine});
+      return;
+    }
+    if (!MayGoOn(first)) {
+      first.CloseAndDelete();
+      TellEnd(first, "TavreskH has");
       return;
     }
     first.CloseAndDelete();  // where that fails the next one cannot begin, and tells
@@ -224,28 +236,38 @@ void RunDesk::RunInTurn(const BothRunOptions& options) {
   RunStage second(kQualModel, around_, view_, state_, hydro_);
   if (!Prepared(second, kBothRunning)) return;
   second.Open();
+  if (!firstLine.empty()) second.Monitor().AddMessage(firstLine);
   second.Run(calls_[1], SecondTail(options));
   second.PollOnceMore();
   second.CloseAndDelete();
-  TellEnd(second, "TavreskH and Q have", {firstLine, second.EndLine()});
+  TellEnd(second, "TavreskH and Q have");
 }
 
-void RunDesk::TellEnd(RunStage& stage, const std::string& head,
-                      const std::vector<std::string>& lines) {
-  stage.Monitor().AddMessage(fmt::format("{} completed execution, taking a total of {} to run.",
-                                         head, DurationText(around_.Time.Seconds() - start_)));
-  ShowEndLines(stage, lines);
+/// The second model reads what the first has written.
+bool RunDesk::MayGoOn(RunStage& first) {
+  if (first.EndedWell() && !first.Monitor().CancelRequested()) return true;
+  first.Monitor().HideSplash();
+  return around_.Screen.ShowMessage({.Text = "TavreskH did not run to its end. Do you want to run "
+                                             "TavreskQ all the same?",
+                                     .BoxIcon = Icon::Question,
+                                     .BoxButtons = Buttons::YesNo,
+                                     .DefaultAnswer = Answer::No}) == Answer::Yes;
+}
+
+void RunDesk::TellEnd(RunStage& stage, const std::string& head) {
+  ShowLines(stage, {fmt::format("{} completed execution, taking a total of {} to run.", head,
+                                DurationText(around_.Time.Seconds() - start_)),
+                    stage.EndLine()});
   view_.OfferClose();
   view_.UnloadOptions();
 }
 
-/// What went wrong is seen, though the program may never have got so far as to show its monitor.
-void RunDesk::ShowEndLines(RunStage& stage, const std::vector<std::string>& lines) {
+/// They are seen, though the program may never have got so far as to show its monitor.
+void RunDesk::ShowLines(RunStage& stage, const std::vector<std::string>& lines) {
   for (const std::string& line : lines) {
-    if (line.empty()) continue;
-    stage.Monitor().AddMessage(line);
-    if (!std::exchange(state_.WindowShown, true)) stage.Monitor().ShowWindow();
+    if (!line.empty()) stage.Monitor().AddMessage(line);
   }
+  if (!std::exchange(state_.WindowShown, true)) stage.Monitor().ShowWindow();
 }
 
 }  // namespace lomaris

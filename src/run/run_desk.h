@@ -34,7 +34,8 @@ class RunDesk {
   void RunBoth(const BothRunOptions& options);
 
   bool IsRunning() const { return running_; }
-  /// False, which has been told: a model is still running.
+  /// False, which has been told: a model is still running. Its monitor is on the screen then, and
+  /// the user may have ended it; its run comes to its end when this program waits for it again.
   bool NoneRuns();
 
   /// The user has chosen what the chart shows: an entry of `cboColumns`, counted from 0.
@@ -56,8 +57,9 @@ class RunDesk {
   bool Prepared(RunStage& stage, const char* warning);
   void Begin(RunStage& stage);
   void LoadNetwork();
-  void TellEnd(RunStage& stage, const std::string& head, const std::vector<std::string>& lines);
-  void ShowEndLines(RunStage& stage, const std::vector<std::string>& lines);
+  void TellEnd(RunStage& stage, const std::string& head);
+  bool MayGoOn(RunStage& first);
+  void ShowLines(RunStage& stage, const std::vector<std::string>& lines);
 
   RunSurroundings around_;
   RunView& view_;

@@ -84,11 +84,14 @@ std::string RunStage::LogName() const {
   return fmt::format("{}.log", program_.Name);
 }
 
+bool RunStage::EndedWell() const {
+  return result_.How == WaitEnd::Ended && result_.End.Well() && fileSeen_;
+}
+
 std::string RunStage::EndLine() const {
-  if (result_.How == WaitEnd::NoProgram) return {};
+  if (EndedWell() || result_.How == WaitEnd::NoProgram) return {};
   if (result_.How == WaitEnd::NotStarted)
-    return fmt::format("{} could not be started.", program_.Name);
-  if (result_.End.Well() && fileSeen_) return {};
+    return fmt::format("{} could not be started: {}.", program_.Name, result_.Reason);
   std::string line = program_.Name;
   if (result_.End.Signal != 0) {
     line += fmt::format(" was ended by signal {}", result_.End.Signal);

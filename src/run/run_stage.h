@@ -42,6 +42,9 @@ class RunStage {
   /// The same, and deletes the files.
   bool CloseAndDelete();
 
+  /// The program ran to its own end, and has made its exchange file.
+  bool EndedWell() const;
+
   /// What is to be told about the end of a program that did not end well; empty for one that did,
   /// and for one whose failure has been told.
   std::string EndLine() const;

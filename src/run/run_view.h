@@ -45,6 +45,8 @@ class RunView {
   /// user closes it after the run.
   virtual MonitorView& LoadMonitor(const std::string& caption) = 0;
   virtual void UnloadMonitor() = 0;
+  /// Shows the monitor of the run, also one that the user has closed, or that no model has shown.
+  virtual void ShowMonitor() = 0;
   /// The run is over: the monitor's button reads "Close".
   virtual void OfferClose() = 0;
 

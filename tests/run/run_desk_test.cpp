@@ -14,8 +14,8 @@ using testing::IsEmpty;
 TEST_F(DeskOfRuns, RunsOneModelAndCleansUpBehindIt) {
   desk.RunItem(kRunHydro);
   EXPECT_EQ(control, folder.Path("a/x.prj") + "\r\n");
-  EXPECT_THAT(log, ElementsAre("SaveForm", "options", "SaveForm", picture, "TavreskH Progress",
-                               "Close", "unload options"));
+  EXPECT_THAT(log, ElementsAre("SaveForm", "options", "SaveForm", "show monitor", picture,
+                               "TavreskH Progress", "Close", "unload options"));
   const StartRequest& request = processes.Started.at(0);
   EXPECT_EQ(request.Program, folder.Path("bin/TavreskH.exe"));
   EXPECT_EQ(request.Arguments, "  -LY -FR -S1 -IY -MY -EY -OY -BY");
@@ -28,8 +28,8 @@ TEST_F(DeskOfRuns, RunsOneModelAndCleansUpBehindIt) {
   EXPECT_FALSE(folder.Holds("bin/veskout.tmp") || folder.Holds("bin/veskin.tmp"));
   EXPECT_EQ(std::filesystem::current_path().string() + "/", folder.Path());
   EXPECT_EQ(ui.LastMessage(),
-            "A model is still running. Wait for its end, or cancel it in the "
-            "window that shows its progress.");
+            "A model is still running. Wait for its end, or cancel it in the window that shows its "
+            "progress.\r\n\r\nDo you want to end it by force? Its files may be left incomplete.");
   EXPECT_FALSE(desk.IsRunning());
 }
 
@@ -47,7 +47,7 @@ TEST_F(DeskOfRuns, TellsHonestlyHowAProgramEnded) {
        {},
        " ended with exit code 0, without ever making veskout.tmp; what it printed "
        "is in TavreskQ.log."},
-      {false, true, {}, " could not be started."}};
+      {false, true, {}, " could not be started: Permission denied."}};
   for (const Case& c : cases) {
     plays = c.Plays;
     processes.LetStart = c.Starts;
@@ -64,9 +64,9 @@ TEST_F(DeskOfRuns, TellsHonestlyHowAProgramEnded) {
 
 TEST_F(DeskOfRuns, RunsBothInTurnUnlessTheFirstAborts) {
   desk.RunItem(kRunBoth);
-  EXPECT_THAT(log, ElementsAre("SaveForm", "options", "unload monitor", "SaveForm", picture,
-                               "TavreskH Progress", "Close", "unload monitor", "TavreskQ Progress",
-                               "Close", "unload options"));
+  EXPECT_THAT(log, ElementsAre("SaveForm", "options", "unload monitor", "SaveForm", "show monitor",
+                               picture, "TavreskH Progress", "Close", "unload monitor",
+                               "TavreskQ Progress", "Close", "unload options"));
   EXPECT_EQ(processes.Started.at(0).Arguments, "  -LY -FR -IY -MY -EY -OY -BY");
   EXPECT_EQ(processes.Started.at(1).Program, folder.Path("bin/tavreskq.EXE"));
   EXPECT_EQ(processes.Started.at(1).Arguments, "  -PN -SU -TW -MY -EY -OY -BY");
@@ -78,6 +78,22 @@ TEST_F(DeskOfRuns, RunsBothInTurnUnlessTheFirstAborts) {
   EXPECT_EQ(ui.LastMessage(), "Dry bed") << "said last of all";
   EXPECT_EQ(processes.Started.size(), 3u);
   EXPECT_EQ(log.back(), "Close");
+}
+
+TEST_F(DeskOfRuns, AsksBeforeTheSecondModelWorksOnWhatTheFirstLeft) {
+  const std::string line = "TavreskH ended with exit code 2; what it printed is in TavreskH.log.";
+  processes.HowItEnds = {2, 0};
+  ui.Answers = {Answer::No};
+  desk.RunItem(kRunBoth);
+  EXPECT_EQ(ui.LastMessage(),
+            "TavreskH did not run to its end. Do you want to run TavreskQ all the same?");
+  EXPECT_EQ(processes.Started.size(), 1u);
+  EXPECT_EQ(monitor.Messages.at(1), line);
+  EXPECT_EQ(log.back(), "unload options");
+  ui.Answers = {Answer::Yes};
+  desk.RunItem(kRunBoth);
+  EXPECT_EQ(processes.Started.size(), 3u);
+  EXPECT_EQ(monitor.Messages.at(0), line) << "also while the second runs";
 }
 
 TEST_F(DeskOfRuns, RefusesBeforeAnythingIsDeleted) {

@@ -121,6 +121,7 @@ class DeskOfRuns : public testing::Test, protected RunView {
   /// While a model runs the menu can be reached.
   void HideOptions() override {
     desk.RunItem(kRunPostProcessor);
+    ui.Answers.push_front(Answer::No);  // it is not ended by force
     desk.RunItem(kRunQual);
   }
   void UnloadOptions() override { log.push_back("unload options"); }
@@ -130,6 +131,7 @@ class DeskOfRuns : public testing::Test, protected RunView {
     return monitor;
   }
   void UnloadMonitor() override { log.push_back("unload monitor"); }
+  void ShowMonitor() override { log.push_back("show monitor"); }
   void OfferClose() override { log.push_back("Close"); }
   void ShowSplash(const std::string& file) override { log.push_back(file); }
 

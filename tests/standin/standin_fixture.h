@@ -107,6 +107,7 @@ class StandinRun : public testing::Test, protected RunView {
     return monitor;
   }
   void UnloadMonitor() override {}
+  void ShowMonitor() override {}
   void OfferClose() override {}
   void ShowSplash(const std::string&) override {}
 

@@ -33,13 +33,16 @@ class FakeProcesses : public Processes {
     Launched.push_back(request);
     return LetStart;
   }
-  std::optional<ProcessId> Start(const StartRequest& request) override {
+  std::optional<ProcessId> Start(const StartRequest& request, std::string& reason) override {
     Started.push_back(request);
     turn_ = 0;
+    stopped_ = false;
+    reason = "Permission denied";
     return LetStart ? std::optional<ProcessId>(kId) : std::nullopt;
   }
-  bool IsActive(ProcessId id) override { return id == kId && OnTurn(turn_++); }
-  ProcessEnd End(ProcessId) override { return HowItEnds; }
+  void Stop(ProcessId id) override { stopped_ = id == kId; }
+  bool IsActive(ProcessId id) override { return id == kId && !stopped_ && OnTurn(turn_++); }
+  ProcessEnd End(ProcessId) override { return stopped_ ? ProcessEnd{0, 9} : HowItEnds; }
   void SetProcessWindowText(ProcessId id, const std::string& text) override {
     if (id == kId) Titles.push_back(text);
   }
@@ -47,6 +50,7 @@ class FakeProcesses : public Processes {
  private:
   static constexpr ProcessId kId = 4711;
   int turn_ = 0;
+  bool stopped_ = false;
 };
 
 }  // namespace lomaris

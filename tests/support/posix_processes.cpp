@@ -1,5 +1,6 @@
 #include "support/posix_processes.h"
 
+#include <cstring>
 #include <sstream>
 #include <vector>
 
@@ -12,7 +13,7 @@
 namespace lomaris {
 
 /// Arguments without quotes and blanks in them, as those of the models are.
-std::optional<ProcessId> PosixProcesses::Start(const StartRequest& request) {
+std::optional<ProcessId> PosixProcesses::Start(const StartRequest& request, std::string& reason) {
   std::vector<std::string> words = {request.Program};
   std::istringstream arguments(request.Arguments);
   for (std::string word; arguments >> word;) words.push_back(word);
@@ -32,7 +33,10 @@ std::optional<ProcessId> PosixProcesses::Start(const StartRequest& request) {
   const int failed =
       ::posix_spawn(&pid, request.Program.c_str(), &actions, nullptr, argv.data(), environ);
   ::posix_spawn_file_actions_destroy(&actions);
-  if (failed != 0) return std::nullopt;
+  if (failed != 0) {
+    reason = std::strerror(failed);
+    return std::nullopt;
+  }
   started_[pid];
   return pid;
 }
@@ -45,6 +49,10 @@ bool PosixProcesses::IsActive(ProcessId id) {
         WIFSIGNALED(status) ? ProcessEnd{0, WTERMSIG(status)} : ProcessEnd{WEXITSTATUS(status), 0};
   }
   return !end;
+}
+
+void PosixProcesses::Stop(ProcessId id) {
+  if (started_.contains(id) && !started_.at(id)) ::kill(static_cast<pid_t>(id), SIGKILL);
 }
 
 ProcessEnd PosixProcesses::End(ProcessId id) {

@@ -14,8 +14,12 @@ class PosixProcesses : public Processes {
   PosixProcesses(const PosixProcesses&) = delete;
   PosixProcesses& operator=(const PosixProcesses&) = delete;
 
-  bool Launch(const StartRequest& request) override { return Start(request).has_value(); }
-  std::optional<ProcessId> Start(const StartRequest& request) override;
+  bool Launch(const StartRequest& request) override {
+    std::string reason;
+    return Start(request, reason).has_value();
+  }
+  std::optional<ProcessId> Start(const StartRequest& request, std::string& reason) override;
+  void Stop(ProcessId id) override;
   bool IsActive(ProcessId id) override;
   ProcessEnd End(ProcessId id) override;
   void SetProcessWindowText(ProcessId, const std::string&) override {}

@@ -136,13 +136,15 @@ TEST(Programs, AreWatchedWithoutAnEventLoop) {
   };
   QtProcesses processes;
   SteadyClock clock;
+  std::string reason;
   for (const Script& script : scripts) {
     const std::string program = folder.Write("m.exe", std::string("#!/bin/sh\n") + script.text);
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
     const auto id = processes.Start({.Program = program,
                                      .Arguments = "  -a  \"b c\"",
                                      .Directory = folder.Path(""),
-                                     .LogFile = folder.Path("m.log")});
+                                     .LogFile = folder.Path("m.log")},
+                                    reason);
     ASSERT_TRUE(id) << script.name;
     for (int i = 0; i < 200 && processes.IsActive(*id); ++i) clock.Sleep(10);
     EXPECT_FALSE(processes.IsActive(*id)) << script.name;
@@ -150,7 +152,8 @@ TEST(Programs, AreWatchedWithoutAnEventLoop) {
     EXPECT_THAT(folder.Read("m.log"), HasSubstr(script.log)) << script.name;
   }
   EXPECT_THAT(folder.Read("m.log"), testing::Not(HasSubstr("bad"))) << "anew each time";
-  EXPECT_FALSE(processes.Start({.Program = folder.Path("none.exe")}));
+  EXPECT_FALSE(processes.Start({.Program = folder.Path("none.exe")}, reason));
+  EXPECT_THAT(reason, HasSubstr("No such file"));
   EXPECT_FALSE(processes.Launch({.Program = folder.Path("none.exe")}));
 }
 

@@ -1,6 +1,7 @@
 #include "windows/run/run_windows.h"
 
 #include <QApplication>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -132,6 +133,7 @@ TEST_F(RunTest, MonitorOutlivesTheRunUntilItIsClosed) {
   onTurn = [&](int turn) {
     if (turn != 5) return;
     listen();
+    ui.Answers = {Answer::No};
     EXPECT_FALSE(runs.MayLeaveProject());
     EXPECT_THAT(ui.LastMessage(), HasSubstr("A model is still running."));
   };
@@ -180,12 +182,24 @@ TEST_F(RunTest, PictureStandsInItsSizeUntilABoxOpens) {
   Choose(kRunQual);
 }
 
-TEST_F(RunTest, MissingProgramLeavesNoWindow) {
+TEST_F(RunTest, HungModelIsEndedByForceWhereNoWindowHasComeUp) {
+  ui.Answers = {Answer::Yes};
+  processes.OnTurn = [&](int turn) {
+    EXPECT_FALSE(turn == 3 && runs.MayLeaveProject());
+    return turn < 100;
+  };
+  Choose(kRunHydro);
+  const auto monitor = Shown<frmProgress>();
+  ASSERT_TRUE(monitor);
+  EXPECT_THAT(monitor->findChild<QPlainTextEdit*>("lstMessages")->toPlainText().toStdString(),
+              HasSubstr("TavreskH was ended by signal 9, without ever making veskout.tmp"));
+}
+
+TEST_F(RunTest, MissingProgramIsToldInTheMonitorToo) {
   std::filesystem::remove(folder.Path("bin/TavreskH.exe"));
   Choose(kRunHydro);
   EXPECT_EQ(ui.LastMessage(), "Unable to find file: TavreskH.exe");
-  QTest::qWait(0);
-  EXPECT_EQ(window.findChild<frmProgress*>(), nullptr);
+  EXPECT_NE(Shown<frmProgress>(), nullptr);
 }
 
 }  // namespace

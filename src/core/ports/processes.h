@@ -40,8 +40,13 @@ class Processes {
   /// Starts a program and leaves it alone. False: it did not start.
   virtual bool Launch(const StartRequest& request) = 0;
 
-  /// Starts a program that is watched until `End` is asked for. Nothing: it did not start.
-  virtual std::optional<ProcessId> Start(const StartRequest& request) = 0;
+  /// Starts a program that is watched until `End` is asked for. Nothing: it did not start, and
+  /// `reason` says why.
+  virtual std::optional<ProcessId> Start(const StartRequest& request, std::string& reason) = 0;
+
+  /// Ends a program that is being watched, whatever it does and without its consent. Does nothing
+  /// for one that has ended.
+  virtual void Stop(ProcessId id) = 0;
 
   virtual bool IsActive(ProcessId id) = 0;
 

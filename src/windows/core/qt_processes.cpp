@@ -41,16 +41,23 @@ bool QtProcesses::Launch(const StartRequest& request) {
   return process.startDetached();
 }
 
-std::optional<ProcessId> QtProcesses::Start(const StartRequest& request) {
+std::optional<ProcessId> QtProcesses::Start(const StartRequest& request, std::string& reason) {
   auto process = std::make_unique<QProcess>();
   Prepare(*process, request);
   // A Ctrl+C in the terminal of this program is not meant for a model that has worked for hours.
   process->setChildProcessModifier([] { ::setsid(); });
   process->start();
-  if (!process->waitForStarted()) return std::nullopt;
+  if (!process->waitForStarted()) {
+    reason = FromQt(process->errorString());
+    return std::nullopt;
+  }
   const ProcessId id = process->processId();
   watched_[id] = std::move(process);
   return id;
+}
+
+void QtProcesses::Stop(ProcessId id) {
+  if (const auto found = watched_.find(id); found != watched_.end()) found->second->kill();
 }
 
 /// Asks the system itself, as whoever waits may never get back to the event loop in between.

@@ -18,7 +18,8 @@ class QtProcesses : public Processes {
   QtProcesses& operator=(const QtProcesses&) = delete;
 
   bool Launch(const StartRequest& request) override;
-  std::optional<ProcessId> Start(const StartRequest& request) override;
+  std::optional<ProcessId> Start(const StartRequest& request, std::string& reason) override;
+  void Stop(ProcessId id) override;
   bool IsActive(ProcessId id) override;
   ProcessEnd End(ProcessId id) override;
 

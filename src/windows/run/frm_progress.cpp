@@ -62,6 +62,7 @@ frmProgress::frmProgress(lomaris::Ui& screen, Settings& settings, QWidget* owner
       ui_(std::make_unique<::Ui::frmProgress>()),
       results_(new ResultsTable(this)) {
   ui_->setupUi(this);
+  setAttribute(Qt::WA_ShowWithoutActivating);
   ui_->flxGrid->setModel(results_);
   ui_->flxGrid->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   ui_->Slider1->setRange(kShortestInterval, kLongestInterval);
@@ -70,6 +71,7 @@ frmProgress::frmProgress(lomaris::Ui& screen, Settings& settings, QWidget* owner
   LoadSettings();
   Connect();
   ConnectCopies();
+  ui_->lstMessages->setFocus();  // which does nothing with keys that were meant elsewhere
   ShowView();
   ShowInterval();
   setMinimumSize(size().expandedTo(minimumSizeHint()));
@@ -158,8 +160,11 @@ void frmProgress::closeEvent(QCloseEvent* event) {
 
 // --- What the run shows
 
+/// In front of the other windows, but the user's keys stay where they are.
 void frmProgress::ShowWindow() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
+  raise();
 }
 
 std::string frmProgress::Caption() const {
@@ -199,7 +204,7 @@ void frmProgress::SetDateTime(const std::string& text) {
 }
 
 void frmProgress::SetPercent(float percent) {
-  ui_->ProgressBar->setValue(static_cast<int>(std::lround(percent)));
+  ui_->ProgressBar->setValue(static_cast<int>(WholePercent(percent)));
 }
 
 void frmProgress::SetTimeRemaining(const std::string& text) {

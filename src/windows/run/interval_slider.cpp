@@ -51,8 +51,8 @@ void IntervalSlider::mouseMoveEvent(QMouseEvent* event) {
   if (isSliderDown()) setSliderPosition(ValueAt(event->pos().x()));
 }
 
-void IntervalSlider::mouseReleaseEvent(QMouseEvent*) {
-  setSliderDown(false);
+void IntervalSlider::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) setSliderDown(false);
 }
 
 int IntervalSlider::ValueAt(int x) const {

@@ -105,6 +105,10 @@ void RunWindows::UnloadMonitor() {
   monitor_.clear();
 }
 
+void RunWindows::ShowMonitor() {
+  if (monitor_) monitor_->ShowWindow();
+}
+
 void RunWindows::OfferClose() {
   if (monitor_) monitor_->OfferClose();
 }

@@ -37,6 +37,7 @@ class RunWindows : public RunMenu, private RunView {
   void UnloadOptions() override;
   MonitorView& LoadMonitor(const std::string& caption) override;
   void UnloadMonitor() override;
+  void ShowMonitor() override;
   void OfferClose() override;
   void ShowSplash(const std::string& picture) override;
 
