@@ -192,4 +192,14 @@ void ReplyFile::Write(std::string_view text) {
   file_.Write(1, FieldBytes(text, kWordWidth));
 }
 
+void ReplyFile::WriteBytes(std::string bytes) {
+  bytes.resize(kWordWidth, ' ');
+  file_.Write(1, bytes);
+}
+
+bool ReplyFile::Holds(std::string bytes) const {
+  bytes.resize(kWordWidth, ' ');
+  return file_.ReadBytes(1, kWordWidth) == bytes;
+}
+
 }  // namespace lomaris

@@ -15,23 +15,26 @@ namespace lomaris {
 // veskout.tmp, written by the model, is an array of records of RecLen bytes, counted from 1. This
 // program writes to it only to clear the command.
 //
+// clang-format off
 //   record   byte
 //   1          1   RecLen, 32-bit integer; 0: the file is not ready yet
 //              5   Command, text 100; blank when there is nothing to do
 //   2          1   Rows, 32-bit integer: cross sections
 //              5   Cols, 32-bit integer: result columns
-//   3          1   Format, text 200: titles of the results, of the label column first, joined by
-//   "|" 4          1   UPDATE: DateTime, text 100, for display
+//   3          1   Format, text 200: titles of the results, of the label column first, joined by "|"
+//   4          1   UPDATE: DateTime, text 100, for display
 //            101   UPDATE: Percent, 32-bit float, 0 to 100
 //              1   other commands: Text1, text 200
 //   5          1   other commands: Text2, text 200
 //   6          1   other commands: Text3, text 200, or Type, 32-bit integer
 //   4 + c      1   UPDATE: column c, one 32-bit float per row
+// clang-format on
 //
 // veskin.tmp, written by this program, holds one text 100 at byte 1: "FROMVB", an answer or a wish.
 //
-// Integers and floats are little-endian. Texts are Windows-1252, left aligned and blank-filled; a
-// reader cuts at the first zero byte and trims. RecLen is at least 200 and at least 4 * Rows.
+// Integers and floats are little-endian. Texts are Windows-1252 (but a path is its own bytes), left
+// aligned and blank-filled; a reader cuts at the first zero byte and trims. RecLen is at least 200
+// and at least 4 * Rows.
 
 inline constexpr std::string_view kModelFileName = "veskout.tmp";
 inline constexpr std::string_view kReplyFileName = "veskin.tmp";
@@ -196,6 +199,11 @@ class ReplyFile {
 
   /// Cut to the width of the field.
   void Write(std::string_view text);
+  /// The same with the bytes as they are: those of a path are its name.
+  void WriteBytes(std::string bytes);
+
+  /// Whether these bytes still stand there, so that nobody has taken them up.
+  bool Holds(std::string bytes) const;
 
  private:
   ExchangeFile file_;

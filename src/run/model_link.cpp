@@ -8,7 +8,7 @@
 
 #include <fmt/format.h>
 
-#include "core/encoding.h"
+#include "core/files.h"
 #include "core/run_time_error.h"
 #include "run/kept_directory.h"
 
@@ -70,8 +70,8 @@ void TakeQuestion(const ModelLink& link) {
 }
 
 /// The model cannot tell an empty text from a cancelled question.
-void AnswerWithText(const ModelLink& link, const std::string& text) {
-  link.Reply.Write(text.empty() ? std::string(kCancel) : std::string(kOk) + text);
+std::string AnswerWith(const std::string& text) {
+  return text.empty() ? std::string(kCancel) : std::string(kOk) + text;
 }
 
 void TakeInputBox(const ModelLink& link) {
@@ -80,7 +80,7 @@ void TakeInputBox(const ModelLink& link) {
                      .Proposal = link.Model.ReadText(kText3Record)};
   link.State.LastMessage = box.Prompt;
   link.Monitor.HideSplash();
-  AnswerWithText(link, link.Screen.AskText(box));
+  link.Reply.Write(AnswerWith(link.Screen.AskText(box)));
   link.Model.ClearCommand();
 }
 
@@ -90,10 +90,10 @@ std::string AskModelFile(Ui& ui, const FileDialog& dialog) {
   constexpr std::size_t kLongestPath = kWordWidth - kOk.size();
   for (;;) {
     const std::vector<std::string> chosen = ui.AskFile(dialog);
-    if (chosen.empty() || FileFromText(chosen.front()).size() <= kLongestPath) {
+    if (chosen.empty() || chosen.front().size() <= kLongestPath) {
       return chosen.empty() ? std::string() : chosen.front();
     }
-    ui.ShowMessage({.Text = fmt::format("The model takes a path of {} characters at most, and this "
+    ui.ShowMessage({.Text = fmt::format("The model takes a path of {} bytes at most, and this "
                                         "one is longer: {}",
                                         kLongestPath, chosen.front()),
                     .Title = dialog.Title,
@@ -101,15 +101,23 @@ std::string AskModelFile(Ui& ui, const FileDialog& dialog) {
   }
 }
 
-/// The one command that neither is cleared nor knows its repeat: the model itself moves on.
+/// The one command that neither is cleared nor knows its repeat: the model itself moves on. Only
+/// while it has not even taken up the answer it is not asked again.
 void TakeOpenFile(const ModelLink& link) {
   const FileDialog dialog{.Title = link.Model.ReadText(kUpdateRecord),
                           .DefaultExtension = link.Model.ReadText(kText2Record),
+                          .InitialDirectory = FolderOf(link.Model.Path()),
                           .FileName = link.Model.ReadText(kText3Record),
                           .Flags = kFileMustExist};
+  std::string& answer = link.State.FileAnswer;
+  const std::string question = dialog.Title + '\n' + dialog.FileName;
+  if (std::exchange(link.State.FileQuestion, question) == question && link.Reply.Holds(answer)) {
+    return;
+  }
   link.Monitor.HideSplash();
-  const KeptDirectory programs;  // the dialog moves the current directory
-  AnswerWithText(link, AskModelFile(link.Screen, dialog));
+  const KeptDirectory users;  // the dialog moves the current directory
+  answer = AnswerWith(AskModelFile(link.Screen, dialog));
+  link.Reply.WriteBytes(answer);
 }
 
 struct CommandEntry {

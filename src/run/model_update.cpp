@@ -50,6 +50,15 @@ std::vector<std::string> RowLabels(const HydroInput& hydro) {
   throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "results of another network");
 }
 
+/// Once; not of a number that the model has still to write.
+void TellMismatch(const ModelLink& link, std::int32_t rows, std::size_t xsects) {
+  if (rows < 1 || std::exchange(link.State.MismatchTold, true)) return;
+  link.Monitor.AddMessage(
+      fmt::format("The model sends results of {} cross sections, but the network on disk has {}: "
+                  "they cannot be shown.",
+                  rows, xsects));
+}
+
 void SetUpResults(const ModelLink& link) {
   ProgressState& state = link.State;
   if (!state.WindowShown) {
@@ -61,7 +70,10 @@ void SetUpResults(const ModelLink& link) {
   const std::string heading = link.Model.ReadFormat();
   const std::vector<std::string> labels = RowLabels(link.Hydro);
   if (size.Cols < 1 || size.Cols > kMostColumns) ThrowMismatch();
-  if (size.Rows < 0 || static_cast<std::size_t>(size.Rows) != labels.size()) ThrowMismatch();
+  if (size.Rows < 0 || static_cast<std::size_t>(size.Rows) != labels.size()) {
+    TellMismatch(link, size.Rows, labels.size());
+    ThrowMismatch();
+  }
   state.Cols = size.Cols;
   state.Values.assign(labels.size(), 0);
   link.Monitor.SetUpGrid(TitlesOf(heading, static_cast<std::size_t>(size.Cols) + 1), labels);

@@ -83,9 +83,10 @@ bool IsWritable(const std::string& folder) {
   }
 }
 
-void WriteControlFile(const std::string& projectFile) {
-  Disk().Remove(kControlFileName);
-  WriteWholeFile(kControlFileName, projectFile + std::string(kLineBreak), Backup::None);
+void WriteControlFile(const std::string& folder, const std::string& projectFile) {
+  const std::string path = folder + kControlFileName;
+  Disk().Remove(path);
+  WriteWholeFile(path, projectFile + std::string(kLineBreak), Backup::None);
 }
 
 }  // namespace lomaris

@@ -60,8 +60,8 @@ std::string AbsolutePath(const std::string& path);
 /// Whether files can be made in a folder.
 bool IsWritable(const std::string& folder);
 
-/// Writes `run.ctl` anew into the current directory: one line, the full path of the project file.
-/// Throws RuntimeError when that cannot be done.
-void WriteControlFile(const std::string& projectFile);
+/// Writes `run.ctl` anew into a folder, whose name ends in a slash: one line, the full path of the
+/// project file. Throws RuntimeError when that cannot be done.
+void WriteControlFile(const std::string& folder, const std::string& projectFile);
 
 }  // namespace lomaris

@@ -15,6 +15,7 @@ struct ProgressState {
   double Start = 0;           ///< s by the clock, of the first update
   double LastUpdate = 0;      ///< s by the clock, of the last update that told the time left
   bool FileSeen = false;      ///< the model's file has been opened
+  bool MismatchTold = false;  ///< results of another network have been named
   bool WindowShown = false;   ///< the first update has been seen
   bool ResultsReady = false;  ///< grid and chart are set up
   bool Abort = false;         ///< the model ends, and none is to follow
@@ -22,6 +23,8 @@ struct ProgressState {
   float TimeLeft = 1e30F;     ///< days, as shown last
   std::string BaseCaption;    ///< of the monitor when the run began
   std::optional<std::string> LastMessage;  ///< text of the last question or message box
+  std::string FileQuestion;                ///< text of the last question for a file
+  std::string FileAnswer;                  ///< the answer to it
   int Cols = 0;                            ///< result columns
   std::vector<float> Values;               ///< one column, a value per row
   float MaxValue = 0;                      ///< largest charted value since the last rescale

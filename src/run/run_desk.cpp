@@ -11,6 +11,7 @@
 #include "core/run_time_error.h"
 #include "model/file_names.h"
 #include "model/hnp_file.h"
+#include "model/prj_file.h"
 #include "run/duration.h"
 #include "run/kept_directory.h"
 
@@ -86,9 +87,7 @@ bool RunDesk::NoneRuns() {
 void RunDesk::Choose(int index) {
   if (index <= kRunBoth && !NoneRuns()) return;
   if (!SaveFirst()) return;
-  const KeptDirectory users;
-  const std::string projectFile = ProjectFile();  // before names count from another directory
-  std::vector<ProgramCall> calls = MoveToPrograms(index);
+  std::vector<ProgramCall> calls = CallsFor(index);
   if (calls.empty()) return;
   view_.SaveForm();
   if (index > kRunBoth) {
@@ -96,13 +95,13 @@ void RunDesk::Choose(int index) {
     return;
   }
   calls_ = std::move(calls);
-  projectFile_ = projectFile;
+  projectFile_ = ProjectFile();
   PrepareModels(index);
 }
 
-/// The programs of a menu item, with the current directory where the first of them lies; none when
-/// that cannot be, which has been told.
-std::vector<ProgramCall> RunDesk::MoveToPrograms(int index) {
+/// The programs of a menu item; none when there is no folder for one, which has been told.
+std::vector<ProgramCall> RunDesk::CallsFor(int index) {
+  const KeptDirectory users;
   const std::string command = CommandFor(index, around_.Store);
   if (!MovedTo(around_.ProgramFolder)) {
     throw RuntimeError(ErrorNumber::PathNotFound, around_.ProgramFolder);
@@ -113,9 +112,12 @@ std::vector<ProgramCall> RunDesk::MoveToPrograms(int index) {
     return {};
   }
   std::vector<ProgramCall> calls = CallsOf(command, index);
-  if (MovedTo(calls.front().Directory)) return calls;
-  TellUnable(calls.front().Text);
-  return {};
+  for (const ProgramCall& call : calls) {
+    if (FolderExists(call.Directory)) continue;
+    TellUnable(call.Text);
+    return {};
+  }
+  return calls;
 }
 
 void RunDesk::TellUnable(const std::string& command) {
@@ -148,7 +150,7 @@ void RunDesk::PrepareModels(int index) {
          .BoxIcon = Icon::Critical});
     return;
   }
-  WriteControlFile(projectFile_);
+  WriteControlFile(directory, projectFile_);
   view_.ShowOptions(static_cast<OptionsWindow>(index));
 }
 
@@ -190,6 +192,7 @@ void RunDesk::Begin(RunStage& stage) {
 /// being edited hears of this.
 void RunDesk::LoadNetwork() {
   ProjectData project = around_.Project;
+  if (project.Dirty) LoadPRJFile(project, around_.Screen, projectFile_);  // what the model reads
   project.FileName = projectFile_;
   hydro_ = HydroInput();
   if (!NamesAFile(project.HydroFile)) return;
@@ -200,10 +203,10 @@ void RunDesk::RunOne(const ModelProgram& program, const char* form, const std::s
   if (running_ || calls_.empty()) return;
   const RaisedFlag running(running_);
   Run("btnRun_Click", form, [&] {
-    RunStage stage(program, around_, view_, state_, hydro_);
+    RunStage stage(program, calls_.front(), around_, view_, state_, hydro_);
     if (!Prepared(stage, kOneRunning)) return;
     Begin(stage);
-    stage.Run(calls_.front(), tail);
+    stage.Run(tail);
     stage.CloseAndDelete();
     TellEnd(stage, std::string(program.Name) + " has");
   });
@@ -213,10 +216,10 @@ void RunDesk::RunInTurn(const BothRunOptions& options) {
   view_.UnloadMonitor();
   std::string firstLine;
   {
-    RunStage first(kHydroModel, around_, view_, state_, hydro_);
+    RunStage first(kHydroModel, calls_[0], around_, view_, state_, hydro_);
     if (!Prepared(first, kBothRunning)) return;
     Begin(first);
-    first.Run(calls_[0], FirstTail(options));
+    first.Run(FirstTail(options));
     first.PollOnceMore();
     view_.OfferClose();
     firstLine = first.EndLine();
@@ -232,12 +235,11 @@ void RunDesk::RunInTurn(const BothRunOptions& options) {
     first.CloseAndDelete();  // where that fails the next one cannot begin, and tells
     view_.UnloadMonitor();
   }
-  MovedTo(calls_[1].Directory);
-  RunStage second(kQualModel, around_, view_, state_, hydro_);
+  RunStage second(kQualModel, calls_[1], around_, view_, state_, hydro_);
   if (!Prepared(second, kBothRunning)) return;
   second.Open();
   if (!firstLine.empty()) second.Monitor().AddMessage(firstLine);
-  second.Run(calls_[1], SecondTail(options));
+  second.Run(SecondTail(options));
   second.PollOnceMore();
   second.CloseAndDelete();
   TellEnd(second, "TavreskH and Q have");

@@ -15,8 +15,8 @@ namespace lomaris {
 /// for it, and what happens until it has ended. A model runs on the files on disk: neither the
 /// project in memory nor a network that is being edited is touched.
 ///
-/// While an action lasts the current directory is that of the program that is started; afterwards
-/// it is again what it was, so that names without a directory keep their meaning.
+/// Commands count from this program's folder, and what is started works in its own; the current
+/// directory stays what it is, so that names without a directory keep their meaning.
 class RunDesk {
  public:
   RunDesk(const RunSurroundings& around, RunView& view) : around_(around), view_(view) {}
@@ -47,7 +47,7 @@ class RunDesk {
   bool SaveFirst();
   std::string ProjectFile() const;
   void Choose(int index);
-  std::vector<ProgramCall> MoveToPrograms(int index);
+  std::vector<ProgramCall> CallsFor(int index);
   void LaunchOther(const ProgramCall& call);
   void PrepareModels(int index);
   void TellUnable(const std::string& command);

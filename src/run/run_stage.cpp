@@ -1,6 +1,7 @@
 #include "run/run_stage.h"
 
 #include <filesystem>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -13,10 +14,6 @@ namespace {
 
 constexpr int kFirstInterval = 100;  // ms
 
-std::string InCurrentDirectory(std::string_view name) {
-  return AbsolutePath(std::string(name));
-}
-
 /// False: it is still there.
 bool Deleted(const std::string& path) {
   std::error_code failed;
@@ -26,15 +23,17 @@ bool Deleted(const std::string& path) {
 
 }  // namespace
 
-RunStage::RunStage(const ModelProgram& program, const RunSurroundings& around, RunView& view,
-                   ProgressState& state, const HydroInput& hydro)
+RunStage::RunStage(const ModelProgram& program, const ProgramCall& call,
+                   const RunSurroundings& around, RunView& view, ProgressState& state,
+                   const HydroInput& hydro)
     : program_(program),
+      call_(call),
       around_(around),
       view_(view),
       state_(state),
       hydro_(hydro),
-      model_(InCurrentDirectory(kModelFileName)),
-      reply_(InCurrentDirectory(kReplyFileName)) {}
+      model_(call.Directory + std::string(kModelFileName)),
+      reply_(call.Directory + std::string(kReplyFileName)) {}
 
 bool RunStage::Prepare() {
   if (!Deleted(model_.Path())) return false;
@@ -43,7 +42,7 @@ bool RunStage::Prepare() {
 }
 
 void RunStage::Open() {
-  if (const auto picture = FindFile(program_.Picture)) view_.ShowSplash(AbsolutePath(*picture));
+  if (const auto picture = FindFile(call_.Directory + program_.Picture)) view_.ShowSplash(*picture);
   monitor_ = &view_.LoadMonitor(fmt::format("{} Progress", program_.Name));
 }
 
@@ -52,17 +51,25 @@ ModelLink RunStage::Link() {
           *monitor_, around_.Screen, around_.Time, around_.Programs};
 }
 
-void RunStage::Run(const ProgramCall& call, const std::string& tail) {
+/// A wish to cancel is heard on the next turn, once; then in the ticks' own time.
+void RunStage::Run(const std::string& tail) {
   const ModelLink link = Link();
-  PollTimer timer(around_.Time, [&] {
-    PollModel(link);
-    return state_.ResultsReady ? monitor_->Interval() : 0;
-  });
+  const auto interval = [&] { return state_.ResultsReady ? monitor_->Interval() : kFirstInterval; };
+  PollTimer timer(
+      around_.Time,
+      [&] {
+        PollModel(link);
+        return interval();
+      },
+      [&, cancelled = false]() mutable {
+        const bool before = std::exchange(cancelled, monitor_->CancelRequested());
+        return cancelled && !before ? 0 : interval();
+      });
   timer.Start(kFirstInterval);
-  result_ = RunAndWait({.Program = FindFile(call.Program).value_or(call.Program),
-                        .Arguments = call.Arguments + " " + tail,
-                        .Directory = call.Directory,
-                        .LogFile = InCurrentDirectory(LogName()),
+  result_ = RunAndWait({.Program = FindFile(call_.Program).value_or(call_.Program),
+                        .Arguments = call_.Arguments + " " + tail,
+                        .Directory = call_.Directory,
+                        .LogFile = call_.Directory + LogName(),
                         .Style = WindowStyle::Minimised},
                        link, timer);
   fileSeen_ = model_.Exists();

@@ -17,12 +17,13 @@ struct ModelProgram {
   const char* Picture;  ///< shown while it runs, if there is such a file
 };
 
-/// The run of one model program in the current directory: its exchange files and its monitor. The
-/// files are closed with it.
+/// The run of one model program: its exchange files, in the folder of the program, and its monitor.
+/// The files are closed with it.
 class RunStage {
  public:
-  RunStage(const ModelProgram& program, const RunSurroundings& around, RunView& view,
-           ProgressState& state, const HydroInput& hydro);
+  /// The call is an absolute path. All but `program` outlives the stage.
+  RunStage(const ModelProgram& program, const ProgramCall& call, const RunSurroundings& around,
+           RunView& view, ProgressState& state, const HydroInput& hydro);
 
   /// Deletes the model's file of an earlier run and opens our own. False: that file cannot be
   /// deleted; nothing else has been done.
@@ -32,7 +33,7 @@ class RunStage {
   void Open();
 
   /// Runs the program with a command tail and polls its file until it has ended.
-  void Run(const ProgramCall& call, const std::string& tail);
+  void Run(const std::string& tail);
 
   /// Takes up the last command of a program that has ended.
   void PollOnceMore() { PollModel(Link()); }
@@ -56,6 +57,7 @@ class RunStage {
   std::string LogName() const;
 
   ModelProgram program_;
+  const ProgramCall& call_;
   const RunSurroundings& around_;
   RunView& view_;
   ProgressState& state_;

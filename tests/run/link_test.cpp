@@ -128,10 +128,16 @@ TEST_F(LinkTest, AnswersEachQuestionInItsWay) {
   EXPECT_THAT(monitor.Log, testing::IsSupersetOf({"T: C (7 s)", "T: E (86400 s)"}));
   EXPECT_EQ(ui.FileDialogs[0].DefaultExtension, "lnk");
   EXPECT_EQ(ui.FileDialogs[0].Flags, 4096u);
-  EXPECT_EQ(
-      ui.Messages.back().Text,
-      "The model takes a path of 98 characters at most, and this one is longer: " + longest + "x");
+  EXPECT_EQ(ui.Messages.back().Text,
+            "The model takes a path of 98 bytes at most, and this one is longer: " + longest + "x");
   EXPECT_EQ(std::filesystem::current_path().string() + "/", folder.Path());
+  ui.Files = {{"/\xC3\xBC"}};
+  EXPECT_EQ(Send("OPENFILE", {"Once"}), "OK/\xC3\xBC");
+  ExchangeFile bytes("veskin.tmp");
+  bytes.Open(ExchangeFile::Mode::Existing);
+  EXPECT_EQ(bytes.ReadBytes(1, 6), "OK/\xC3\xBC ") << "the path's own bytes";
+  Poll();
+  EXPECT_EQ(ui.FileDialogs.size(), 4u) << "the answer has not been taken up";
 }
 
 TEST_F(LinkTest, TellsARepeatByItsTextAndAnAbortByItsType) {
@@ -193,6 +199,8 @@ TEST_F(LinkTest, SurvivesWhatIsNotThereYetAndSetsUpAnewWithoutFlicker) {
     file.Write(position, NumberBytes(right));
   }
   EXPECT_EQ(std::ranges::count(monitor.Log, "show"), 1);
+  EXPECT_THAT(monitor.Messages, ElementsAre("The model sends results of 2 cross sections, but the "
+                                            "network on disk has 3: they cannot be shown."));
 
   SendUpdate(5);
   EXPECT_TRUE(state.ResultsReady) << "and then all is well again";

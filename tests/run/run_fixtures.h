@@ -96,7 +96,7 @@ class DeskOfRuns : public testing::Test, protected RunView {
   bool PlayModel(int turn) {
     if (turn == 0) {
       control = folder.Read("bin/run.ctl");
-      writer = std::make_unique<ModelFileWriter>("veskout.tmp", 0);
+      writer = std::make_unique<ModelFileWriter>(folder.Path("bin/veskout.tmp"), 0);
       writer->SetSize(0, 1);
       writer->SetText(kFormatRecord, "");
       writer->SetUpdate("now", 1);

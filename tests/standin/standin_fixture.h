@@ -66,7 +66,10 @@ class StandinRun : public testing::Test, protected RunView {
     project.HydroFile = "corvane_river.hnp";
     ui.OnTurn = [this] { Turn(); };
     // The model is to have moved on before the link looks again.
-    ui.OnAskFile = [this] { monitor.Slider = 400 * FastClock::kFactor; };
+    ui.OnAskFile = [this] {
+      monitor.Slider = 400 * FastClock::kFactor;
+      askedUntil_ = SteadyClock().Seconds() + 0.4;
+    };
   }
 
   /// A run at 1 ms a step between its ends, with what a script adds and what is done at each turn
@@ -126,7 +129,7 @@ class StandinRun : public testing::Test, protected RunView {
 
  private:
   void Turn() {
-    if (!letsSlow) monitor.Slider = kInterval;
+    if (!letsSlow && SteadyClock().Seconds() > askedUntil_) monitor.Slider = kInterval;
     onTurn_();
     if (SteadyClock().Seconds() - started_ < 20) return;
     ADD_FAILURE() << "the run does not end";
@@ -135,6 +138,7 @@ class StandinRun : public testing::Test, protected RunView {
 
   std::function<void()> onTurn_;
   double started_ = 0;
+  double askedUntil_ = 0;
 };
 
 }  // namespace lomaris

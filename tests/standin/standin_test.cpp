@@ -175,7 +175,7 @@ TEST_F(StandinRun, AsksForAFileAndPutsItsOutputWhereItIsLookedFor) {
 
 TEST_F(StandinRun, EndsByItselfWhenNobodyIsLeft) {
   Run(kRunHydro, "at 20 idle 1000000", [this] {
-    if (monitor.Percent > 10) std::filesystem::remove("veskin.tmp");
+    if (monitor.Percent > 10) std::filesystem::remove(folder.Path("bin/veskin.tmp"));
   });
   EXPECT_THAT(Lines("ends"), ElementsAre(": nobody listens any more"));
 

@@ -64,7 +64,7 @@ class RunTest : public testing::Test {
 
   bool PlayModel(int turn) {
     if (turn == 0) {
-      model = std::make_unique<ModelFileWriter>("veskout.tmp", 0);
+      model = std::make_unique<ModelFileWriter>(folder.Path("bin/veskout.tmp"), 0);
       model->SetSize(0, 2);
       model->SetFormat("Section|Flow|Depth");
       model->SetCommand("UPDATE");
@@ -155,7 +155,7 @@ TEST_F(RunTest, ClosingTheMonitorCancelsTheRun) {
   QPointer<frmProgress> monitor;
   onTurn = [&](int turn) {
     if (turn == 5) (monitor = Shown<frmProgress>())->close();
-    if (turn == 25) heard = ReplyReader("veskin.tmp").Read();
+    if (turn == 25) heard = ReplyReader(folder.Path("bin/veskin.tmp")).Read();
   };
   Choose(kRunHydro);
   QTest::qWait(0);
