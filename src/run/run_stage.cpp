@@ -36,7 +36,7 @@ RunStage::RunStage(const ModelProgram& program, const ProgramCall& call,
       reply_(call.Directory + std::string(kReplyFileName)) {}
 
 bool RunStage::Prepare() {
-  if (!Deleted(model_.Path())) return false;
+  if (!lock_.Take(call_.Directory) || !Deleted(model_.Path())) return false;
   reply_.Open();
   return true;
 }
@@ -70,7 +70,8 @@ void RunStage::Run(const std::string& tail) {
                         .Arguments = call_.Arguments + " " + tail,
                         .Directory = call_.Directory,
                         .LogFile = call_.Directory + LogName(),
-                        .Style = WindowStyle::Minimised},
+                        .Style = WindowStyle::Minimised,
+                        .Inherited = lock_.Descriptor()},
                        link, timer);
   fileSeen_ = model_.Exists();
 }

@@ -4,6 +4,7 @@
 
 #include "model/hydro_input.h"
 #include "run/exchange_files.h"
+#include "run/folder_lock.h"
 #include "run/model_link.h"
 #include "run/programs.h"
 #include "run/run_and_wait.h"
@@ -25,8 +26,8 @@ class RunStage {
   RunStage(const ModelProgram& program, const ProgramCall& call, const RunSurroundings& around,
            RunView& view, ProgressState& state, const HydroInput& hydro);
 
-  /// Deletes the model's file of an earlier run and opens our own. False: that file cannot be
-  /// deleted; nothing else has been done.
+  /// Deletes the model's file of an earlier run and opens our own. False: another model works in
+  /// that folder, or the file cannot be deleted; nothing else has been done.
   bool Prepare();
 
   /// Loads the monitor and shows the picture.
@@ -63,6 +64,7 @@ class RunStage {
   ProgressState& state_;
   const HydroInput& hydro_;
   MonitorView* monitor_ = nullptr;
+  FolderLock lock_;
   ModelFile model_;
   ReplyFile reply_;
   RunResult result_;

@@ -98,10 +98,17 @@ TEST_F(DeskOfRuns, AsksBeforeTheSecondModelWorksOnWhatTheFirstLeft) {
 
 TEST_F(DeskOfRuns, RefusesBeforeAnythingIsDeleted) {
   project.Dirty = true;
-  ui.Answers = {Answer::Yes, Answer::Cancel};
+  ui.Answers = {Answer::Yes, Answer::Cancel, Answer::Cancel};
   saves = false;
   desk.RunItem(kRunHydro);
   EXPECT_THAT(log, IsEmpty());
+  {
+    FolderLock another;
+    EXPECT_TRUE(another.Take(folder.Path("bin/")));
+    desk.RunItem(kRunHydro);
+    EXPECT_THAT(ui.LastMessage(), testing::StartsWith("Unable to initialize"));
+    EXPECT_EQ(folder.Read("bin/veskout.tmp"), "left over");
+  }
   std::filesystem::remove("bin/veskout.tmp");
   folder.Write("bin/veskout.tmp/x", "");
   desk.RunItem(kRunHydro);

@@ -28,6 +28,9 @@ std::optional<ProcessId> PosixProcesses::Start(const StartRequest& request, std:
   ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, log.c_str(),
                                      O_WRONLY | O_CREAT | O_TRUNC, 0666);
   ::posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
+  if (request.Inherited >= 0) {
+    ::posix_spawn_file_actions_adddup2(&actions, request.Inherited, request.Inherited);
+  }
   ::posix_spawn_file_actions_addchdir_np(&actions, request.Directory.c_str());
   pid_t pid = 0;
   const int failed =

@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 
 #include "core/steady_clock.h"
+#include "run/folder_lock.h"
 #include "support/scripted_ui.h"
 #include "support/temp_folder.h"
 #include "windows/core/qt_processes.h"
@@ -132,10 +133,13 @@ TEST(Programs, AreWatchedWithoutAnEventLoop) {
        "-a|b c|",
        {.ExitCode = 3}},
       {"signal", "kill -9 $$", "", {.Signal = 9}},
+      {"inherited", "ls -l /proc/$$/fd", "vesk.lck", {}},
       {"no input to wait for", "read line; echo $?", "1\n", {}},
   };
   QtProcesses processes;
   SteadyClock clock;
+  FolderLock lock;
+  ASSERT_TRUE(lock.Take(folder.Path("")));
   std::string reason;
   for (const Script& script : scripts) {
     const std::string program = folder.Write("m.exe", std::string("#!/bin/sh\n") + script.text);
@@ -143,7 +147,8 @@ TEST(Programs, AreWatchedWithoutAnEventLoop) {
     const auto id = processes.Start({.Program = program,
                                      .Arguments = "  -a  \"b c\"",
                                      .Directory = folder.Path(""),
-                                     .LogFile = folder.Path("m.log")},
+                                     .LogFile = folder.Path("m.log"),
+                                     .Inherited = lock.Descriptor()},
                                     reason);
     ASSERT_TRUE(id) << script.name;
     for (int i = 0; i < 200 && processes.IsActive(*id); ++i) clock.Sleep(10);

@@ -18,6 +18,7 @@ struct StartRequest {
   std::string Directory = {};  ///< current directory of the program
   std::string LogFile = {};    ///< takes all that it prints, anew; empty: that is let go
   WindowStyle Style = WindowStyle::Normal;
+  int Inherited = -1;  ///< descriptor of an open file that a watched program keeps open; -1: none
 };
 
 /// Identifies a started program for as long as it is watched; the platform's own id.

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <utility>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include "windows/core/qt_text.h"
@@ -45,7 +46,10 @@ std::optional<ProcessId> QtProcesses::Start(const StartRequest& request, std::st
   auto process = std::make_unique<QProcess>();
   Prepare(*process, request);
   // A Ctrl+C in the terminal of this program is not meant for a model that has worked for hours.
-  process->setChildProcessModifier([] { ::setsid(); });
+  process->setChildProcessModifier([inherited = request.Inherited] {
+    ::setsid();
+    if (inherited >= 0) ::fcntl(inherited, F_SETFD, 0);
+  });
   process->start();
   if (!process->waitForStarted()) {
     reason = FromQt(process->errorString());
