@@ -33,7 +33,6 @@ class RunDesk {
   void RunQual(const QualRunOptions& options);
   void RunBoth(const BothRunOptions& options);
 
-  bool IsRunning() const { return running_; }
   /// False, which has been told: a model is still running. Its monitor is on the screen then, and
   /// the user may have ended it; its run comes to its end when this program waits for it again.
   bool NoneRuns();

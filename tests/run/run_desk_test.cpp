@@ -30,7 +30,7 @@ TEST_F(DeskOfRuns, RunsOneModelAndCleansUpBehindIt) {
   EXPECT_EQ(ui.LastMessage(),
             "A model is still running. Wait for its end, or cancel it in the window that shows its "
             "progress.\r\n\r\nDo you want to end it by force? Its files may be left incomplete.");
-  EXPECT_FALSE(desk.IsRunning());
+  EXPECT_TRUE(desk.NoneRuns());
 }
 
 TEST_F(DeskOfRuns, TellsHonestlyHowAProgramEnded) {
