@@ -44,7 +44,7 @@ std::string HydroCaption(const std::string& fileName) {
 }
 
 HydroDesk::HydroDesk(const EditorSurroundings& around, HydroView& view)
-    : around_(around), view_(view) {
+    : around_(around), view_(view), project_(&around.Project), hydro_(&around.Hydro) {
   SetUpGrids();
 }
 
@@ -121,9 +121,9 @@ bool HydroDesk::Open(const std::string& fileName, bool aside) {
       std::string& beside = records->Project.FileName;
       beside = FindFile(fileName, beside).value_or(beside);
     }
-    own_.swap(records);
+    EditRecords(records);
     if (!LoadNetwork(fileName)) {
-      own_.swap(records);
+      EditRecords(records);
       if (open_) ShowAll();  // without the changes that were given up
       return false;
     }
@@ -135,6 +135,13 @@ bool HydroDesk::Open(const std::string& fileName, bool aside) {
     KeepAsOpened();
     return true;
   });
+}
+
+/// Puts the records in use, none for the shared ones, where the others were.
+void HydroDesk::EditRecords(std::unique_ptr<OwnRecords>& own) {
+  own_.swap(own);
+  project_ = own_ ? &own_->Project : &around_.Project;
+  hydro_ = own_ ? &own_->Hydro : &around_.Hydro;
 }
 
 void HydroDesk::KeepAsOpened() {

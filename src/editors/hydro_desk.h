@@ -106,8 +106,9 @@ class HydroDesk {
     HydroInput Hydro;
   };
 
-  ProjectData& Project() const { return own_ ? own_->Project : around_.Project; }
-  HydroInput& Hydro() const { return own_ ? own_->Hydro : around_.Hydro; }
+  ProjectData& Project() const { return *project_; }
+  HydroInput& Hydro() const { return *hydro_; }
+  void EditRecords(std::unique_ptr<OwnRecords>& own);
 
   bool Run(const char* routine, const std::function<bool()>& action);
   void SetUpGrids();
@@ -144,6 +145,8 @@ class HydroDesk {
   EditorSurroundings around_;
   HydroView& view_;
   std::unique_ptr<OwnRecords> own_;  ///< none: the shared ones are edited
+  ProjectData* project_;             ///< the one that is edited
+  HydroInput* hydro_;
   Sheet timeSteps_;
   Sheet results_;
   Sheet xsects_;
