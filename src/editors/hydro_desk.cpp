@@ -156,10 +156,10 @@ void HydroDesk::ShowForm(const HydroForm& form) {
 }
 
 void HydroDesk::ShowAll() {
-  const HydroInput& hydro = Hydro();
+  HydroInput& hydro = Hydro();
   ShowForm(FormOf(hydro));
-  FillSteps(timeSteps_, kTimeStepTable, hydro);
-  FillSteps(results_, kPrintStepTable, hydro);
+  FillSteps(timeSteps_, {hydro.TimeStepCount, hydro.TimeSteps});
+  FillSteps(results_, {hydro.PrintStepCount, hydro.PrintSteps});
   listed_.clear();
   for (int i = 1; i <= hydro.BranchCount; ++i) listed_.push_back(i);
   ListAndShow(listed_.empty() ? -1 : 0);
@@ -234,8 +234,10 @@ bool HydroDesk::TakeAll() {
   HydroInput& hydro = Hydro();
   Ui& ui = around_.Screen;
   return TakeBranch() && StoreForm(view_.Form(), hydro, ui) &&
-         StoreSteps(timeSteps_, kTimeStepTable, hydro, ui) &&
-         StoreSteps(results_, kPrintStepTable, hydro, ui);
+         StoreSteps(timeSteps_, kTimeStepTable, hydro.StartDate,
+                    {hydro.TimeStepCount, hydro.TimeSteps}, ui) &&
+         StoreSteps(results_, kPrintStepTable, hydro.StartDate,
+                    {hydro.PrintStepCount, hydro.PrintSteps}, ui);
 }
 
 bool HydroDesk::Write(bool saveAs) {

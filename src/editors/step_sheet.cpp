@@ -39,7 +39,7 @@ std::optional<TimeStepEntry> EntryIn(const Sheet& sheet, const StepTable& table,
 }
 
 /// False, having told it, unless each start is larger than the one before.
-bool TakeEntries(const Sheet& sheet, const StepTable& table, const HydroInput& before,
+bool TakeEntries(const Sheet& sheet, const StepTable& table, const StepList& before,
                  std::vector<TimeStepEntry>& entries, Ui& ui) {
   const int count = FilledRows(sheet);
   if (count > kMostTimeSteps) {
@@ -47,8 +47,7 @@ bool TakeEntries(const Sheet& sheet, const StepTable& table, const HydroInput& b
                   fmt::format("You can enter at most {} {} values.", kMostTimeSteps, table.Name));
   }
   for (int i = 1; i <= count; ++i) {
-    const auto entry =
-        EntryIn(sheet, table, sheet.FixedRows() + i - 1, (before.*table.Steps)[i], ui);
+    const auto entry = EntryIn(sheet, table, sheet.FixedRows() + i - 1, before.Steps[i], ui);
     if (!entry) return false;
     if (!entries.empty() && entry->Start <= entries.back().Start) {
       return Refuse(ui, fmt::format("The {} starting date/time value in row {} is not larger than "
@@ -83,33 +82,34 @@ void SetUpSteps(Sheet& sheet, const StepTable& table, Ui& ui) {
   };
 }
 
-void FillSteps(Sheet& sheet, const StepTable& table, const HydroInput& hydro) {
-  const int count = hydro.*table.Count;
+void FillSteps(Sheet& sheet, const StepList& list) {
+  const int count = list.Count;
   sheet.SetRows(sheet.FixedRows());
   sheet.SetRows(sheet.FixedRows() + Max(count + 1, kFewestEntries));
   for (int i = 1; i <= count; ++i) {
-    const TimeStepEntry& entry = (hydro.*table.Steps)[i];
+    const TimeStepEntry& entry = list.Steps[i];
     const int row = sheet.FixedRows() + i - 1;
     sheet.SetDate(row, kStartCol, entry.Start);
     sheet.SetTextMatrix(row, kStepValueCol, NumberText(entry.Value));
   }
 }
 
-bool StoreSteps(const Sheet& sheet, const StepTable& table, HydroInput& hydro, Ui& ui) {
+bool StoreSteps(const Sheet& sheet, const StepTable& table, ModelDateTime simulationStart,
+                const StepList& list, Ui& ui) {
   std::vector<TimeStepEntry> entries;
-  if (!TakeEntries(sheet, table, hydro, entries, ui)) return false;
+  if (!TakeEntries(sheet, table, list, entries, ui)) return false;
   if (entries.empty()) {
     return Refuse(ui, fmt::format("You must enter one or more {} values.", table.Name));
   }
-  if (entries.front().Start > hydro.StartDate) {
+  if (entries.front().Start > simulationStart) {
     return Refuse(ui, fmt::format("The first {} starting date/time value ({}) is greater than the "
                                   "simulation starting time ({}).",
                                   table.Name, FormatDate(entries.front().Start, kCellDateMask),
-                                  FormatDate(hydro.StartDate, kCellDateMask)));
+                                  FormatDate(simulationStart, kCellDateMask)));
   }
-  hydro.*table.Count = static_cast<std::int16_t>(entries.size());
+  list.Count = static_cast<std::int16_t>(entries.size());
   std::int64_t i = 0;
-  for (const TimeStepEntry& entry : entries) (hydro.*table.Steps)[++i] = entry;
+  for (const TimeStepEntry& entry : entries) list.Steps[++i] = entry;
   return true;
 }
 
