@@ -5,6 +5,12 @@
 
 namespace lomaris {
 
+/// Where the names of the boundary and auxiliary files of a model input are taken from.
+enum class NamesFrom {
+  Project,
+  File,  ///< what follows the branches: of a file that is in no project
+};
+
 /// A file name, trimmed. One that in upper case is empty, "NONE", "NULL" or "(NOT SPECIFIED)" is no
 /// file: "(Not Specified)" for display, "NULL" for a file. Readers ask for display, writers do not.
 std::string NormaliseFileName(std::string_view name, bool forDisplay);

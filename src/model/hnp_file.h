@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/ports/ui.h"
+#include "model/file_names.h"
 #include "model/hydro_input.h"
 #include "model/project_data.h"
 
@@ -32,12 +33,6 @@ namespace lomaris {
 //
 // What follows the branches is for the model: the names of a project's network come from the
 // project. Nor does the reader believe the total on line 2.
-
-/// Where the names of a network's boundary and auxiliary files are taken from.
-enum class NamesFrom {
-  Project,
-  File,  ///< what follows the branches: of a file that is in no project
-};
 
 /// Fills `hydro` anew from a file; the branch with number i in the file is `Branches[i]`, wherever
 /// it stands, while its boundary files are those that the project has for its place in the file.
