@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "editors/typed_values.h"
-#include "model/file_names.h"
 #include "spreadsheet/cell_checks.h"
 
 namespace lomaris {
@@ -22,14 +21,6 @@ int EntryOf(std::string_view letters, char type) {
 
 void TakeType(char& type, std::string_view letters, int entry) {
   if (entry >= 0) type = letters[static_cast<std::size_t>(entry)];
-}
-
-std::string ShownFile(std::string_view name) {
-  return NormaliseFileName(name, true);
-}
-
-void TakeFile(std::string& name, std::string_view text) {
-  if (ShownFile(name) != text) name = FileIn(text);
 }
 
 int EntryOfDSBranch(int number, int branch, int count) {

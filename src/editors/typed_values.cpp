@@ -17,6 +17,14 @@ std::string FileIn(std::string_view text) {
   return name.starts_with('(') || !NamesAFile(name) ? std::string() : name;
 }
 
+std::string ShownFile(std::string_view name) {
+  return NormaliseFileName(name, true);
+}
+
+void TakeFile(std::string& name, std::string_view text) {
+  if (ShownFile(name) != text) name = FileIn(text);
+}
+
 int Length(std::string_view text) {
   int length = 0;
   for (std::size_t at = 0; at < text.size(); ++length) NextCodePoint(text, at);

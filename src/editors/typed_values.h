@@ -33,6 +33,12 @@ std::string PlainConstant(const std::string& text);
 /// The file that a field names; empty for none. What begins with a bracket is a remark.
 std::string FileIn(std::string_view text);
 
+/// What the field of a file shows, also for none.
+std::string ShownFile(std::string_view name);
+
+/// Takes the file that a field names. A text that shows the name as it is leaves it untouched.
+void TakeFile(std::string& name, std::string_view text);
+
 /// The characters of a name, not its bytes.
 int Length(std::string_view text);
 

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/ports/ui.h"
+#include "model/kinetic_catalogue.h"
+#include "spreadsheet/sheet.h"
+
+namespace lomaris {
+
+/// What the typical text of a parameter says of its values: a range ("0.5 - 2", "0 to 1"), or two
+/// numbers one of which it is ("0 or 1").
+struct TypicalRange {
+  float Low = 0;
+  float High = 0;
+  bool Either = false;  ///< one of the two alone
+
+  bool Holds(float value) const {
+    return Either ? value == Low || value == High : value >= Low && value <= High;
+  }
+};
+
+/// Nothing for a text that names no range: a single typical value leaves all others open.
+std::optional<TypicalRange> TypicalRangeOf(std::string_view typical);
+
+/// A grid of coefficients: those of one group, for one or more places of the river. Parameters are
+/// its rows and places its columns, or the other way round. The heads give each parameter's name,
+/// units, typical value, mnemonic and default, as far as the group has them.
+///
+/// Its owner fills it from the record, and takes it back into the record before it looks at that.
+class CoefficientSheet {
+ public:
+  using Values = BoundedArray<float>;
+
+  /// `range`: "lower;upper" of every cell.
+  CoefficientSheet(std::string range, bool byPlace);
+  CoefficientSheet(const CoefficientSheet&) = delete;
+  CoefficientSheet& operator=(const CoefficientSheet&) = delete;
+
+  /// Before anything is filled in.
+  void SetParameters(const BoundedArray<KineticParameter>& parameters);
+
+  /// One line of texts before the coefficients, which nobody edits: what follows from the values of
+  /// a place.
+  void SetDerived(std::string heading, std::function<std::string(const Values&)> derive);
+
+  Sheet& Grid() { return sheet_; }
+  const Sheet& Grid() const { return sheet_; }
+
+  /// After any change of the grid by the user, with what is derived up to date.
+  std::function<void()> Change = {};
+
+  /// The values, by position, of places that outlive what is shown of them.
+  struct Place {
+    std::string Name;
+    Values* Coefficients;
+  };
+  void Fill(std::vector<Place> places);
+
+  /// Takes the cells into the record: all, or, having told what is wrong, none.
+  bool Take(Ui& ui);
+
+  /// The values of a place, from 0, as the grid has them; of a cell that makes no number, the
+  /// record's.
+  Values ValuesIn(std::size_t place) const;
+
+  // Both fill the grid anew from the record.
+  void SetByPlace(bool byPlace);
+  bool ByPlace() const { return byPlace_; }
+  /// Shows the parameters alone whose name, units or mnemonic hold the text.
+  void SetFilter(const std::string& filter);
+
+  /// Brings what is derived up to date; after an edit in this grid it is.
+  void Derive();
+
+  /// The parameter of a cell in words; empty for a cell that has none.
+  std::string Description(int row, int col) const;
+
+  /// What is to be said of a value that is not typical. Empty for one that is, and for the default,
+  /// with which many a process is simply not there.
+  std::string Remark(int row, int col) const;
+
+  /// Gives the selected cells their defaults, as one step.
+  void ResetSelection();
+
+ private:
+  /// A parameter on view, and a place, by their numbers from 0.
+  struct Spot {
+    std::size_t Line = 0;
+    std::size_t Place = 0;
+  };
+
+  CellPlace CellOf(const Spot& spot) const;
+  CellPlace DerivedCell(std::size_t place) const;
+  std::optional<Spot> SpotAt(int row, int col) const;
+  const KineticParameter& Parameter(std::size_t line) const;
+  float ValueIn(const Spot& spot) const;
+  void Show();
+  void ShowParameterHeads();
+  void ShowPlaceHeads();
+  Format FormatOf(const KineticParameter& parameter) const;
+  void SetFormats();
+  int DerivedLines() const { return derive_ ? 1 : 0; }
+
+  std::string range_;
+  bool byPlace_;
+  BoundedArray<KineticParameter> parameters_;
+  std::string derivedHeading_;
+  std::function<std::string(const Values&)> derive_;
+  std::vector<Place> places_;
+  std::string filter_;
+  std::vector<std::int64_t> lines_;  ///< positions of the parameters on view, in the grid's order
+  Sheet sheet_;
+};
+
+}  // namespace lomaris
