@@ -119,11 +119,11 @@ class Branch:
     name: str
     prefix: str  # of the section names, in front of the river mile
     bottom_mile: float
-    headwater: float  # cfs, constant upstream boundary; 0: the flow of the branch that comes in
+    headwater: float  # cfs at the start, from a boundary file; 0: the branch that comes in has it
     downstream: int  # branch number and section number of the confluence, 0 at the river's end
     junction: int
     angle: float  # deflection at the confluence, degrees
-    rating: bool  # the last section holds a rating curve
+    end: str  # of the last section: rating curve R, rating table T, stage of the confluence H
     rows: list[tuple]
     sections: list[Section] = field(init=False)
 
@@ -133,7 +133,7 @@ class Branch:
 
 YES, NO = True, False
 BRANCHES = [
-    Branch("Corvane River", "CR", MILE_AT_BOTTOM, 0, 0, 0, 0, True, [
+    Branch("Corvane River", "CR", MILE_AT_BOTTOM, 0, 0, 0, 0, "T", [
         (1850, 0.00122, "CR-RUN1", 0.036, 0.1, 1, YES),
         (2140, 0.00118, "CR-RIFF1", 0.037, 0.1, 1.2, NO),
         (1960, 0.00115, "CR-RUN1", 0.036, 0.1, 1, NO),
@@ -154,7 +154,7 @@ BRANCHES = [
         (2700, 0.00044, "CR-RUN2", 0.031, 0.1, 1.7, NO),
         (100, 0.00042, "CR-GAGE", 0.03, 0.1, 0, YES),
     ]),
-    Branch("Ashlar Fork", "AF", 0, 240, 1, 1, 0, True, [
+    Branch("Ashlar Fork", "AF", 0, 240, 1, 1, 0, "R", [
         (1120, 0.00198, "AF-GORGE", 0.043, 0.2, 0.5, YES),
         (1350, 0.00192, "AF-GORGE", 0.043, 0.2, 0.6, NO),
         (1480, 0.00185, "AF-RIFF", 0.041, 0.2, 0.7, NO),
@@ -167,7 +167,7 @@ BRANCHES = [
         (1910, 0.00134, "AF-RUN", 0.038, 0.1, 1, NO),
         (100, 0.00128, "AF-RIFF", 0.038, 0.1, 0, YES),
     ]),
-    Branch("Quillet Creek", "QC", 0, 92, 1, 10, 40, False, [
+    Branch("Quillet Creek", "QC", 0, 92, 1, 10, 40, "H", [
         (980, 0.0020, "QC-HEAD", 0.044, 0.2, 0.4, YES),
         (1160, 0.00194, "QC-HEAD", 0.044, 0.1, 0.5, NO),
         (1240, 0.00188, "QC-RUN", 0.042, 0.2, 0.5, NO),

@@ -22,12 +22,12 @@ STORMS = [((14, 5), 0.5), ((41, 18), 0.7), ((66, 2), 0.9), ((83, 11), 0.6), ((97
 
 @dataclass
 class Water:
-    """Concentrations of CBODu1, NH3-N, NO3-N and Ortho-P."""
+    """Concentrations: of an inflow CBODu1, NH3-N, NO3-N and Ortho-P, of a headwater all of them."""
 
     dry: tuple[float, ...]  # between the storms
     washed: tuple[float, ...]  # in the runoff of a storm
     decimals: tuple[int, ...]
-    factors: tuple[float, ...]  # to mg/L
+    factors: tuple[float, ...] = ()  # to mg/L; a headwater's are as they are
 
 
 @dataclass
@@ -51,6 +51,35 @@ INFLOWS = [
     Inflow((3, 4), 1, 5, 8, 20, 0, (9.5, 8.5, 2),
            Water((2, 60, 1.4, 30), (7, 240, 2.8, 99), (0, 0, 1, 0), (1, 0.001, 1, 0.001))),
 ]
+
+
+@dataclass
+class Headwater:
+    """What comes into a branch from above; `base` is set so that the model starts from its flow."""
+
+    branch: int
+    melt: float  # this and what follows as of an inflow
+    runoff: float
+    recession: float
+    warmth: tuple[float, float, float]
+    water: Water
+    base: float = 0.0
+    daily: float = 0.0
+
+
+# The columns of a boundary file but for the flow, the temperature and the oxygen: CBODu1, Org-N,
+# NH3-N, NO3-N, Org-P, Ortho-P, Mn, Fe; coliforms, algae, and four that are not modelled here.
+BEFORE_OXYGEN = 8
+DIGITS = (1, 2, 2, 1, 2, 2, 2, 2, 0, 1, 0, 0, 0, 0)
+HEADWATERS = [
+    Headwater(2, 120, 45, 40, (8.5, 6, 0.5),  # the release of the dam
+              Water((1.8, 0.25, 0.03, 0.4, 0.01, 0.01, 0.03, 0.08, 8, 0.5, 0, 0, 0, 0),
+                    (3.5, 0.5, 0.06, 0.6, 0.04, 0.03, 0.05, 0.2, 160, 0.3, 0, 0, 0, 0), DIGITS)),
+    Headwater(3, 40, 30, 30, (10, 9, 2),
+              Water((2.2, 0.4, 0.05, 1.1, 0.02, 0.03, 0.04, 0.15, 60, 0.8, 0, 0, 0, 0),
+                    (6, 1, 0.18, 2.2, 0.09, 0.08, 0.08, 0.4, 900, 0.4, 0, 0, 0, 0), DIGITS)),
+]
+HEADWATER_STEP = 6  # hours
 
 
 @dataclass
@@ -86,6 +115,11 @@ def hours():
 
 def days():
     return hours()[::24]
+
+
+def hour_of(*date):
+    """Hour of the year, of a year, month, day and hour."""
+    return (datetime.datetime(*date) - datetime.datetime(YEAR, 1, 1)) // datetime.timedelta(hours=1)
 
 
 def storm_runoff(inflow, hour):
@@ -129,11 +163,35 @@ def quality_series(inflow):
     """Flow, temperature, CBODu1, NH3-N, NO3-N, Ortho-P and dissolved oxygen by the hour."""
     rows = []
     for hour, (flow,) in enumerate(flow_series(inflow)):
-        dry, storm = dry_flow(inflow, hour), storm_runoff(inflow, hour)
-        warm, water = temperature(inflow, hour), inflow.water
-        mixed = [round((dry * a + storm * b) / (dry + storm), places)
-                 for a, b, places in zip(water.dry, water.washed, water.decimals)]
-        rows.append((flow, round(warm), *mixed, round(oxygen(warm), 1)))
+        warm = temperature(inflow, hour)
+        rows.append((flow, round(warm), *mixed(inflow, hour), round(oxygen(warm), 1)))
+    return rows
+
+
+def mixed(inflow, hour):
+    """Concentrations at an hour of the year."""
+    dry, storm, water = dry_flow(inflow, hour), storm_runoff(inflow, hour), inflow.water
+    return [round((dry * a + storm * b) / (dry + storm), places)
+            for a, b, places in zip(water.dry, water.washed, water.decimals)]
+
+
+def set_base(headwater, flow, hour):
+    """Lets a headwater have that flow at an hour of the year."""
+    headwater.base = 0.0
+    headwater.base = flow - dry_flow(headwater, hour) - storm_runoff(headwater, hour)
+
+
+def boundary_flow(headwater, hour):
+    return round(dry_flow(headwater, hour) + storm_runoff(headwater, hour), 1)
+
+
+def boundary_series(headwater):
+    """Flow, temperature and all other constituents in the order of the columns of the file."""
+    rows = []
+    for hour in range(0, 365 * 24, HEADWATER_STEP):
+        warm, others = temperature(headwater, hour), mixed(headwater, hour)
+        rows.append((boundary_flow(headwater, hour), round(warm, 1), *others[:BEFORE_OXYGEN],
+                     round(oxygen(warm), 1), *others[BEFORE_OXYGEN:]))
     return rows
 
 

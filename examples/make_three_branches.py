@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Makes the example project "three_branches", a made-up river that is ready to open.
 
-The survey of the river stands in corvane_river.py, a year along it in corvane_year.py. The rest is
-computed from them here, so that the numbers agree: inverts from the slopes, flows from the
-headwaters and the distributed inflows, initial depths from a backwater computation, area
-coefficients from the shapes.
+The survey of the river stands in corvane_river.py, a year along it in corvane_year.py and
+corvane_weather.py. The rest is computed from them, so that the numbers agree: inverts from the
+slopes, flows from the headwaters and the distributed inflows, initial depths from a backwater
+computation, area coefficients from the shapes, the rating table from the section at the gage.
 
     make_three_branches.py            write the files, print the plausibility table
     make_three_branches.py --check    write nothing, compare the files instead
@@ -18,17 +18,24 @@ import pathlib
 import sys
 
 sys.dont_write_bytecode = True  # leaves no cache among the examples
-from corvane_river import BOTTOM_INVERT, BRANCHES, MILE_AT_BOTTOM, SHAPES
+from corvane_river import BRANCHES, MILE_AT_BOTTOM, SHAPES
+import corvane_weather as weather
 import corvane_year as year
-from open_channel import BETA, GRAVITY, Channel, froude, rating_curve, step_up
-from series_files import CONSTITUENTS, lat_lines, pow_lines, printed, row, wit_lines
+from open_channel import BETA, GRAVITY, Channel, froude, rating_curve, rating_table
+from river_network import build_network, node, section_at, tributaries
+from series_files import (CONSTITUENTS, bcf_lines, bmd_bytes, lat_lines, met_lines, pow_lines,
+                          printed, rating_lines, row, wit_lines)
+from steady_results import april
 
 FOLDER = pathlib.Path(__file__).resolve().parent / "three_branches"
 PROJECT_FILE = "three_branches.prj"
 HYDRO_FILE, LIBRARY_FILE = "corvane_river.hnp", "corvane_shapes.xsg"
 FLOW_FILE, QUALITY_FILE = "corvane_flows.lat", "corvane_loads.lat"
 WITHDRAWAL_FILE, PLANT_FILE = "corvane_works.wit", "corvane_plant.pow"
-MOST_BYTES = 1_000_000  # of all files
+HEADWATER_FILES = {2: "ashlar_dam.bcf", 3: "quillet_meadow.bcf"}  # by branch
+GAGE_BRANCH, GAGE_FILE = 1, "corvane_gage.bcf"
+WEATHER_FILE, RESULT_FILE = "corvane_weather.met", "corvane_april.bmd"
+MOST_BYTES = 2_000_000  # of all files
 
 THETA, TOLERANCE = 0.6, 0.01
 START, SUMMER, END = (2025, 4, 1, 0), (2025, 7, 1, 0), (2025, 11, 1, 0)
@@ -36,6 +43,7 @@ SEED_YEAR = 2024
 TIME_STEPS = [(*START, 900), (*SUMMER, 600)]  # s
 PRINT_STEPS = [(*START, 24), (*SUMMER, 6)]  # h
 ROUGHNESS_PER_FOOT = 0.0005  # N2: roughness lost with each foot of depth
+RATING_STEP = 0.5  # ft
 
 DESCRIPTION = "Corvane River below the Ashlar Fork, with Quillet Creek; a made-up river"
 TITLE = "Corvane River, Ashlar Fork and Quillet Creek, April to October 2025"
@@ -46,75 +54,28 @@ LIBRARY_TITLE = [
 ]
 
 
-# From the tables to the network --------------------------------------------------------------
-
-
-def lay_bed(branch, mouth):
-    """Names and inverts; `mouth` is the bed at the end of the last reach, ft msl."""
-    mile, bed = branch.bottom_mile, mouth
-    if branch.downstream == 0:  # the mile at the bottom is that of the last section
-        mile -= branch.sections[-1].length / 5280
-    for section in reversed(branch.sections):
-        mile += section.length / 5280
-        bed = section.grade = bed + section.slope * section.length
-        section.invert = round(section.grade - section.pool, 2)
-        section.name = f"{branch.prefix} {mile:.2f}"
-
-
-def tributaries(number, place):
-    """Numbers of the branches that flow into that cross section of branch `number`."""
-    return [other for other, branch in enumerate(BRANCHES, 1)
-            if (branch.downstream, branch.junction) == (number, place)]
-
-
-def route_flow(number):
-    """Initial flows from the headwaters down; the sections at confluences have the joined flow."""
-    branch = BRANCHES[number - 1]
-    flow = branch.headwater
-    for place, section in enumerate(branch.sections, 1):
-        flow += sum(route_flow(other) for other in tributaries(number, place))
-        section.flow = round(flow, 2)
-        flow += section.lateral
-    return flow
-
-
-def raise_water(branch, surface, channels):
-    """Initial water surfaces and depths up from `surface`, which is the last section's."""
-    last = branch.sections[-1]
-    last.surface = surface
-    for lower, upper in zip(branch.sections[::-1], branch.sections[-2::-1]):
-        upper.surface = step_up(upper, lower, channels)
-    for section in branch.sections:
-        section.depth = round(section.surface - section.invert, 2)
-
-
-def build_network(channels):
-    """Fills in the computed fields of all sections, from the mouth of the river upward."""
-    stem = BRANCHES[0]
-    lay_bed(stem, BOTTOM_INVERT - stem.sections[-1].slope * stem.sections[-1].length)
-    for branch in BRANCHES[1:]:
-        lay_bed(branch, stem.sections[branch.junction - 1].grade)
-    route_flow(1)
-    last = stem.sections[-1]
-    normal = channels[last.lookup].normal_depth(last.flow, last.manning, last.slope)
-    raise_water(stem, last.invert + normal, channels)
-    for branch in BRANCHES[1:]:
-        raise_water(branch, stem.sections[branch.junction - 1].surface, channels)
-
-
 # The files -----------------------------------------------------------------------------------
 
 
 def project_lines():
     none = "NULL"
-    no_boundaries = [printed(0), ""]
     return [f"HYDRODYNAMIC_INPUT_FILE: {HYDRO_FILE}", f"WATER_QUALITY_INPUT_FILE: {none}",
-            "VESKH_AUXILLARY_FILES:", *no_boundaries, FLOW_FILE,
-            WITHDRAWAL_FILE, LIBRARY_FILE, "",
-            "VESKQ_AUXILLARY_FILES:", *no_boundaries, printed(0), QUALITY_FILE,
-            PLANT_FILE, "",
+            "VESKH_AUXILLARY_FILES:", *hydro_file_lines(), "",
+            "VESKQ_AUXILLARY_FILES:", *boundary_lines(HEADWATER_FILES), printed(1), WEATHER_FILE,
+            QUALITY_FILE, PLANT_FILE, "",
             "PROJECT_DESCRIPTION:", DESCRIPTION, "",
             "OTHER_FILES:", printed(0), ""]
+
+
+def boundary_lines(files):
+    """Names by branch, negative for the downstream end."""
+    return [printed(len(files)), row(*files), *files.values()]
+
+
+def hydro_file_lines():
+    """The files of the hydrodynamic model, which project and network both name."""
+    return [*boundary_lines({-GAGE_BRANCH: GAGE_FILE, **HEADWATER_FILES}),
+            FLOW_FILE, WITHDRAWAL_FILE, LIBRARY_FILE]
 
 
 def hydro_lines(channels):
@@ -125,17 +86,16 @@ def hydro_lines(channels):
         lines += [printed(len(steps)), *(row(*step) for step in steps)]
     for place, branch in enumerate(BRANCHES, 1):
         lines += branch_lines(place, branch, channels)
-    return lines + [printed(0), "", FLOW_FILE, WITHDRAWAL_FILE, LIBRARY_FILE]
+    return lines + hydro_file_lines()
 
 
 def branch_lines(place, branch, channels):
     last = branch.sections[-1]
-    value, angle = 0, branch.angle  # 0: the model computes the stage from the confluence
-    if branch.rating:
+    value, angle = 0, branch.angle  # 0: the stage is that of the confluence, or of a table
+    if branch.end == "R":
         value, angle = rating_curve(last, channels[last.lookup])
-    lines = [printed(place), branch.name, "Q", "R" if branch.rating else "H",
-             row(len(branch.sections), branch.downstream, branch.junction, branch.headwater,
-                 value, angle)]
+    lines = [printed(place), branch.name, "Q", branch.end,
+             row(len(branch.sections), branch.downstream, branch.junction, 0, value, angle)]
     for section in branch.sections:
         channel = channels[section.lookup]
         lines += [section.name, section.lookup,
@@ -159,13 +119,6 @@ def library_lines():
     return lines
 
 
-def node(place):
-    """The running number through all branches and the name of a cross section."""
-    number, section = place
-    above = sum(len(branch.sections) for branch in BRANCHES[:number - 1])
-    return above + section, BRANCHES[number - 1].sections[section - 1].name
-
-
 def series_files():
     """The auxiliary files, by name."""
     hours, days = year.hours(), year.days()
@@ -186,7 +139,33 @@ def series_files():
                                    [year.withdrawal_series(each) for each in year.WITHDRAWALS]),
         PLANT_FILE: pow_lines(head("heat loads", "two units with one intake, by the day"), units,
                               days, [year.heat_series(unit) for unit in year.UNITS]),
+        WEATHER_FILE: met_lines(head("weather", "by the hour"), weather.DUST,
+                                (weather.LATITUDE, weather.LONGITUDE, weather.MERIDIAN),
+                                [node((1, 1)), node((len(BRANCHES), len(BRANCHES[-1].sections)))],
+                                hours, weather.weather_series()),
     }
+
+
+def boundary_files(channels):
+    """The boundary files, by name."""
+    gage = BRANCHES[GAGE_BRANCH - 1].sections[-1]
+    points = rating_table(gage, channels[gage.lookup], RATING_STEP)
+    files = {GAGE_FILE: rating_lines([f"Rating table of the gage at {gage.name}",
+                                      "depth in ft, flow in cfs", "A made-up river"],
+                                     -GAGE_BRANCH, points)}
+    steps = year.hours()[::year.HEADWATER_STEP]
+    for each in year.HEADWATERS:
+        what = f"headwater of the branch {BRANCHES[each.branch - 1].name}"
+        how = f"all constituents, every {year.HEADWATER_STEP} hours"
+        files[HEADWATER_FILES[each.branch]] = bcf_lines(head(what, how), each.branch, steps,
+                                                        year.boundary_series(each))
+    return files
+
+
+def set_headwaters():
+    """Lets the boundary files agree with the initial flows of the network."""
+    for each in year.HEADWATERS:
+        year.set_base(each, BRANCHES[each.branch - 1].headwater, year.hour_of(*START))
 
 
 def head(what, how):
@@ -258,6 +237,14 @@ def failures(channels):
         "flows stay within the banks": all(s.depth < channels[s.lookup].banks for s in sections),
         "area formulas are within 10 % of the shapes":
             all(greatest_misfit(channel) < 0.1 for channel in channels.values()),
+        "headwaters start from the initial flow, and keep half of it": all(
+            year.boundary_flow(each, year.hour_of(*START)) == section_at((each.branch, 1)).flow
+            < 2 * min(values[0] for values in year.boundary_series(each))
+            for each in year.HEADWATERS),
+        "the rating table agrees with the initial flow at the gage":
+            abs(gage_misfit(channels)) < 0.02,
+        "wet bulbs are colder than the air":
+            all(wet < dry for _, _, dry, wet, _ in weather.weather_series()),
         "inflows never run dry":
             all(flow > 0 for each in year.INFLOWS for flow, in year.flow_series(each)),
         "withdrawals and the plant leave half of the initial flow": all(
@@ -269,8 +256,12 @@ def failures(channels):
     return [text for text, holds in checks.items() if not holds]
 
 
-def section_at(place):
-    return BRANCHES[place[0] - 1].sections[place[1] - 1]
+def gage_misfit(channels):
+    """Share by which the table's flow at the initial depth differs from the initial flow."""
+    gage = BRANCHES[GAGE_BRANCH - 1].sections[-1]
+    points = rating_table(gage, channels[gage.lookup], RATING_STEP)
+    (h1, q1), (h2, q2) = next(pair for pair in zip(points, points[1:]) if pair[1][0] >= gage.depth)
+    return (q1 + (q2 - q1) * (gage.depth - h1) / (h2 - h1)) / gage.flow - 1
 
 
 def water_taken():
@@ -340,11 +331,14 @@ def main():
     if unknown := unknown_shapes(channels):
         sys.exit("\n".join(unknown))
     build_network(channels)
+    set_headwaters()
     print("\n".join([*shape_lines(channels), *table_lines(channels)]))
     files = {PROJECT_FILE: file_bytes(project_lines()),
              HYDRO_FILE: file_bytes(hydro_lines(channels)),
              LIBRARY_FILE: file_bytes(library_lines()),
-             **{name: file_bytes(lines) for name, lines in series_files().items()}}
+             RESULT_FILE: bmd_bytes(april(channels)),
+             **{name: file_bytes(lines)
+                for name, lines in {**series_files(), **boundary_files(channels)}.items()}}
     wrong = [f"check failed: {text}" for text in failures(channels)]
     if sum(len(data) for data in files.values()) > MOST_BYTES:
         wrong.append(f"check failed: all files have {MOST_BYTES} bytes at most")

@@ -113,6 +113,13 @@ def froude(flow, channel, h):
     return flow / area / (GRAVITY * area / width) ** 0.5
 
 
+def rating_table(section, channel, step):
+    """(depth, discharge) of normal depths, `step` apart, up to the banks."""
+    depths = [step * point for point in range(1, int(channel.banks / step) + 1)]
+    return [(h, round(channel.conveyance(h, section.manning) * section.slope ** 0.5, 1))
+            for h in depths]
+
+
 def rating_curve(section, channel):
     """a and b of H = a Q^b, through the initial depth, bent like the curve of normal depths."""
     flows = (0.5 * section.flow, 3 * section.flow)

