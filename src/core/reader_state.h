@@ -47,7 +47,12 @@ class ReaderState {
   /// Whether nothing but blanks, tabs and line ends is left.
   bool OnlyBlanksLeft() const { return text_.find_first_not_of(kBlankSpace, place_) == text_.npos; }
 
-  std::size_t BytesLeft() const { return AtEnd() ? 0 : text_.size() - place_; }
+  std::size_t BytesLeft() const { return Rest().size(); }
+
+  /// What has not been read yet: for a look at what comes, which does not move the cursor.
+  std::string_view Rest() const {
+    return std::string_view(text_).substr(AtEnd() ? text_.size() : place_);
+  }
 
   /// Reads one line into the variables, each taking the field of its own place.
   ///

@@ -165,7 +165,7 @@ void CoefficientSheet::Show() {
   for (std::size_t place = 0; place < places_.size(); ++place) {
     for (std::size_t line = 0; line < lines_.size(); ++line) {
       const CellPlace at = CellOf({line, place});
-      const float value = (*places_[place].Coefficients)[lines_[line]];
+      const float value = places_[place].Coefficients[lines_[line]];
       sheet_.SetTextMatrix(at.Row, at.Col, NumberText(value));
     }
   }
@@ -241,7 +241,7 @@ void CoefficientSheet::SetFormats() {
 bool CoefficientSheet::Take(Ui& ui) {
   std::vector<Values> taken;
   for (std::size_t place = 0; place < places_.size(); ++place) {
-    Values values = *places_[place].Coefficients;
+    Values values = places_[place].Coefficients;
     for (std::size_t line = 0; line < lines_.size(); ++line) {
       const CellPlace at = CellOf({line, place});
       const std::string what = fmt::format("{}, {}", Parameter(line).Name, places_[place].Name);
@@ -252,7 +252,7 @@ bool CoefficientSheet::Take(Ui& ui) {
     taken.push_back(std::move(values));
   }
   for (std::size_t place = 0; place < places_.size(); ++place) {
-    *places_[place].Coefficients = std::move(taken[place]);
+    places_[place].Coefficients = std::move(taken[place]);
   }
   return true;
 }
@@ -263,7 +263,7 @@ bool CoefficientSheet::Take(Ui& ui) {
 float CoefficientSheet::ValueIn(const Spot& spot) const {
   const CellPlace at = CellOf(spot);
   const std::string& text = sheet_.TextMatrix(at.Row, at.Col);
-  float value = (*places_[spot.Place].Coefficients)[lines_[spot.Line]];
+  float value = places_[spot.Place].Coefficients[lines_[spot.Line]];
   if (Trim(text) == NumberText(value)) return value;
   if (Trim(text).empty()) return 0;
   try {
@@ -274,7 +274,7 @@ float CoefficientSheet::ValueIn(const Spot& spot) const {
 }
 
 CoefficientSheet::Values CoefficientSheet::ValuesIn(std::size_t place) const {
-  Values values = *places_[place].Coefficients;
+  Values values = places_[place].Coefficients;
   for (std::size_t line = 0; line < lines_.size(); ++line) {
     values[lines_[line]] = ValueIn({line, place});
   }

@@ -31,7 +31,8 @@ std::optional<TypicalRange> TypicalRangeOf(std::string_view typical);
 /// its rows and places its columns, or the other way round. The heads give each parameter's name,
 /// units, typical value, mnemonic and default, as far as the group has them.
 ///
-/// Its owner fills it from the record, and takes it back into the record before it looks at that.
+/// Its owner fills it with values, which it keeps a copy of. What the cells say is taken into that
+/// copy when the owner asks for it, before it puts the values back where they came from.
 class CoefficientSheet {
  public:
   using Values = BoundedArray<float>;
@@ -54,21 +55,22 @@ class CoefficientSheet {
   /// After any change of the grid by the user, with what is derived up to date.
   std::function<void()> Change = {};
 
-  /// The values, by position, of places that outlive what is shown of them.
   struct Place {
     std::string Name;
-    Values* Coefficients;
+    Values Coefficients;  ///< by position
   };
   void Fill(std::vector<Place> places);
 
-  /// Takes the cells into the record: all, or, having told what is wrong, none.
+  /// Takes the cells: all, or, having told what is wrong, none.
   bool Take(Ui& ui);
 
-  /// The values of a place, from 0, as the grid has them; of a cell that makes no number, the
-  /// record's.
+  /// The values of a place, from 0, as they were filled in or taken last.
+  const Values& ValuesOf(std::size_t place) const { return places_.at(place).Coefficients; }
+
+  /// The same as the cells have them by now; of one that makes no number, as it was.
   Values ValuesIn(std::size_t place) const;
 
-  // Both fill the grid anew from the record.
+  // Both fill the grid anew; what is to stay has been taken before.
   void SetByPlace(bool byPlace);
   bool ByPlace() const { return byPlace_; }
   /// Shows the parameters alone whose name, units or mnemonic hold the text.

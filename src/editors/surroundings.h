@@ -1,11 +1,14 @@
 #pragma once
 
+#include <string>
+
 #include "core/ports/settings.h"
 #include "core/ports/ui.h"
 #include "core/ports/workbench.h"
 #include "core/tables.h"
 #include "model/hydro_input.h"
 #include "model/project_data.h"
+#include "model/qual_input.h"
 #include "spreadsheet/sheet_commands.h"
 
 namespace lomaris {
@@ -20,11 +23,13 @@ struct EditorSession {
 struct EditorSurroundings {
   ProjectData& Project;
   HydroInput& Hydro;
+  QualInput& Qual;
   const Tables& SharedTables;
   EditorSession& Session;
   Ui& Screen;
   Settings& Store;
   Workbench& Windows;
+  std::string ProgramFolder = {};
 };
 
 }  // namespace lomaris

@@ -56,4 +56,18 @@ void AppendBoundaryList(std::string& out, const BoundedArray<BranchBCFiles>& fil
   out += names;
 }
 
+bool TakeBoundaryFiles(BoundedArray<BranchBCFiles>& mine,
+                       const BoundedArray<BranchBCFiles>& theirs) {
+  bool changed = false;
+  for (std::int64_t i = theirs.Count() + 1; i <= mine.UpperBound(); ++i) {
+    changed |= NamesAFile(mine[i].Upstream) || NamesAFile(mine[i].Downstream);
+  }
+  mine.Resize(theirs.Count());
+  for (std::int64_t i = 1; i <= theirs.Count(); ++i) {
+    changed |= TakeName(mine[i].Upstream, theirs[i].Upstream);
+    changed |= TakeName(mine[i].Downstream, theirs[i].Downstream);
+  }
+  return changed;
+}
+
 }  // namespace lomaris

@@ -28,4 +28,27 @@ void ReadBoundaryList(ReaderState& in, BoundedArray<BranchBCFiles>& files, std::
 /// Writes the list of the branches 1 to `highest`.
 void AppendBoundaryList(std::string& out, const BoundedArray<BranchBCFiles>& files, int highest);
 
+/// The boundary files of the branches of a model input in use.
+template <class Input>
+BoundedArray<BranchBCFiles> BoundaryFiles(const Input& input) {
+  BoundedArray<BranchBCFiles> files(1, input.BranchCount);
+  for (int i = 1; i <= input.BranchCount; ++i) {
+    files[i] = {input.Branches[i].USFile, input.Branches[i].DSFile};
+  }
+  return files;
+}
+
+/// Gives each branch in use the boundary files that stand at its number.
+template <class Input>
+void GiveBoundaryFiles(Input& input, const BoundedArray<BranchBCFiles>& files) {
+  for (int i = 1; i <= input.BranchCount; ++i) {
+    input.Branches[i].USFile = files[i].Upstream;
+    input.Branches[i].DSFile = files[i].Downstream;
+  }
+}
+
+/// Makes a project's list that of the branches of a saved file. True when it names other files now.
+bool TakeBoundaryFiles(BoundedArray<BranchBCFiles>& mine,
+                       const BoundedArray<BranchBCFiles>& theirs);
+
 }  // namespace lomaris

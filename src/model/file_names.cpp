@@ -20,6 +20,12 @@ std::string NormaliseFileName(std::string_view name, bool forDisplay) {
   return std::string(forDisplay ? kNotSpecified : kNoFileOnDisk);
 }
 
+bool TakeName(std::string& mine, std::string_view theirs) {
+  const bool changed = NormaliseFileName(mine, true) != NormaliseFileName(theirs, true);
+  mine = TrimField(theirs);
+  return changed;
+}
+
 std::string FileNameLine(std::string_view name) {
   return NormaliseFileName(name, false);
 }

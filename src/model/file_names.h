@@ -18,6 +18,9 @@ std::string NormaliseFileName(std::string_view name, bool forDisplay);
 /// False when `NormaliseFileName` takes the name for none.
 bool NamesAFile(std::string_view name);
 
+/// Moves a name into a project. True when it names another file now.
+bool TakeName(std::string& mine, std::string_view theirs);
+
 /// A file name as it stands alone on a line of a file: without line breaks, "NULL" for none.
 std::string FileNameLine(std::string_view name);
 

@@ -29,13 +29,6 @@ std::int16_t TotalXSects(const HydroInput& hydro) {
 
 // --- Reading
 
-/// The name on the next line.
-std::string ReadName(ReaderState& in) {
-  std::string line;
-  in.ReadCountedLine(line);
-  return TrimField(line);
-}
-
 /// The first character of the next line, a blank for none. A type is a plain letter: any other
 /// character would be cut in half here.
 char ReadType(ReaderState& in) {
@@ -124,11 +117,7 @@ void TakeFilesNames(ReaderState& in, HydroInput& hydro, ProjectData& project, Ui
       named.XSGFileH = NormaliseFileName(in.ReadRawLine(), true);
     }
   } catch (const RuntimeError&) {
-    ui.ShowMessage({.Text = "The names of other files at the end of file " + in.FileName +
-                            " cannot be read from line " + NumberText(in.LineNumber) +
-                            " on; a save writes those that could be read.",
-                    .Title = "Warning",
-                    .BoxIcon = Icon::Warning});
+    TellNamesUnreadable(in, ui);
   }
   named.BCFilesH.Resize(kMostBranches);
   project.BCFilesH = std::move(named.BCFilesH);
@@ -136,10 +125,7 @@ void TakeFilesNames(ReaderState& in, HydroInput& hydro, ProjectData& project, Ui
   project.LatFileH = std::move(named.LatFileH);
   project.WitFileH = std::move(named.WitFileH);
   project.XSGFileH = std::move(named.XSGFileH);
-  for (int i = 1; i <= hydro.BranchCount; ++i) {
-    hydro.Branches[i].USFile = project.BCFilesH[i].Upstream;
-    hydro.Branches[i].DSFile = project.BCFilesH[i].Downstream;
-  }
+  GiveBoundaryFiles(hydro, project.BCFilesH);
 }
 
 // --- Writing
@@ -199,15 +185,6 @@ void AppendBranch(std::string& out, int number, const BranchRec& branch) {
   for (int i = 1; i <= branch.XSectCount; ++i) AppendXSect(out, branch.XSects[i]);
 }
 
-/// The boundary files of the branches in use.
-BoundedArray<BranchBCFiles> BoundaryFiles(const HydroInput& hydro) {
-  BoundedArray<BranchBCFiles> files(1, hydro.BranchCount);
-  for (int i = 1; i <= hydro.BranchCount; ++i) {
-    files[i] = {hydro.Branches[i].USFile, hydro.Branches[i].DSFile};
-  }
-  return files;
-}
-
 std::string HydroText(const HydroInput& hydro, Ui& ui) {
   std::string out;
   AppendHead(out, hydro, ui);
@@ -221,27 +198,9 @@ std::string HydroText(const HydroInput& hydro, Ui& ui) {
 
 // --- The project's names after a save
 
-/// Moves a name into the project. True when it names another file now.
-bool TakeName(std::string& mine, const std::string& theirs) {
-  const bool changed = NormaliseFileName(mine, true) != NormaliseFileName(theirs, true);
-  mine = TrimField(theirs);
-  return changed;
-}
-
 void TakeNames(ProjectData& project, const HydroInput& hydro) {
-  const BoundedArray<BranchBCFiles> files = BoundaryFiles(hydro);
-  const auto old = project.BCFilesH.UpperBound();
-  bool changed = false;
-  for (std::int64_t i = files.Count() + 1; i <= old; ++i) {
-    changed |=
-        NamesAFile(project.BCFilesH[i].Upstream) || NamesAFile(project.BCFilesH[i].Downstream);
-  }
-  project.BCFilesH.Resize(hydro.BranchCount);
+  bool changed = TakeBoundaryFiles(project.BCFilesH, BoundaryFiles(hydro));
   project.BCCountH = hydro.BranchCount;
-  for (int i = 1; i <= hydro.BranchCount; ++i) {
-    changed |= TakeName(project.BCFilesH[i].Upstream, files[i].Upstream);
-    changed |= TakeName(project.BCFilesH[i].Downstream, files[i].Downstream);
-  }
   changed |= TakeName(project.LatFileH, NormaliseFileName(hydro.LatFile, true));
   changed |= TakeName(project.WitFileH, NormaliseFileName(hydro.WitFile, true));
   changed |= TakeName(project.XSGFileH, NormaliseFileName(hydro.XSGFile, true));

@@ -25,6 +25,26 @@ std::string InputAborted(const RuntimeError& error, std::int32_t line, std::stri
       line, name, error.Description(), Shown(lastLine));
 }
 
+std::string ReadName(ReaderState& in) {
+  return TrimField(in.ReadRawLine());
+}
+
+RuntimeError WithMore(const RuntimeError& error, std::string_view more) {
+  const auto number = static_cast<ErrorNumber>(error.Number());
+  const std::string text = error.Description();
+  const std::size_t detail = RuntimeError(number, " ").Description().size() - 1;
+  if (text.size() <= detail) return RuntimeError(number, more);
+  return RuntimeError(number, text.substr(detail).append("\r\n\r\n").append(more));
+}
+
+void TellNamesUnreadable(const ReaderState& in, Ui& ui) {
+  ui.ShowMessage({.Text = "The names of other files at the end of file " + in.FileName +
+                          " cannot be read from line " + NumberText(in.LineNumber) +
+                          " on; a save writes those that could be read.",
+                  .Title = "Warning",
+                  .BoxIcon = Icon::Warning});
+}
+
 std::optional<std::string> FindInputFile(std::string_view kind, const std::string& name,
                                          const std::string& projectFile, Ui& ui) {
   std::optional<std::string> path = FindFile(name, projectFile);

@@ -21,6 +21,15 @@ namespace lomaris {
 std::optional<std::string> FindInputFile(std::string_view kind, const std::string& name,
                                          const std::string& projectFile, Ui& ui);
 
+/// The name on the next line, which a count has promised.
+std::string ReadName(ReaderState& in);
+
+/// The same failure, with a paragraph more to say about it.
+RuntimeError WithMore(const RuntimeError& error, std::string_view more);
+
+/// Warns that the names of other files, with which an input file ends, cannot all be read.
+void TellNamesUnreadable(const ReaderState& in, Ui& ui);
+
 /// The report of a failed read: the place in the file and the line, cut to what a box can show.
 std::string InputAborted(const RuntimeError& error, std::int32_t line, std::string_view name,
                          std::string_view lastLine);

@@ -6,6 +6,7 @@
 #include "core/files.h"
 #include "model/boundary_list.h"
 #include "model/input_file.h"
+#include "model/name_list.h"
 
 namespace lomaris {
 namespace {
@@ -75,16 +76,7 @@ class ProjectReader {
 
   void ReadAuxiliaryQ(std::string_view) {
     ReadBoundaryList(in_, project_.BCFilesQ, project_.BCCountQ, ui_);
-    std::int16_t count = 0;
-    in_.ReadLine(count);
-    CheckedCount(count, kMostMetFiles);
-    project_.MetCount = 0;
-    project_.MetFiles = BoundedArray<std::string>(1, kMostMetFiles);
-    while (project_.MetCount < count) {
-      std::string name;
-      in_.ReadCountedLine(name);
-      project_.MetFiles[++project_.MetCount] = TrimField(name);
-    }
+    ReadNameList(in_, project_.MetCount, project_.MetFiles);
     project_.LatFileQ = ReadFileName();
     project_.PowFileQ = ReadFileName();
   }
@@ -120,11 +112,6 @@ void AppendKeyword(std::string& out, std::string_view keyword, std::string_view 
   AppendLine(out, name);
 }
 
-void AppendNames(std::string& out, std::int16_t count, const BoundedArray<std::string>& names) {
-  AppendLine(out, PrintedNumber(count));
-  for (int i = 1; i <= count; ++i) AppendLine(out, TrimField(names[i]));
-}
-
 std::string ProjectText(const ProjectData& project) {
   std::string out;
   // The model programs take an empty name here for none, not "NULL".
@@ -141,7 +128,7 @@ std::string ProjectText(const ProjectData& project) {
 
   AppendLine(out, kAuxiliaryQ);
   AppendBoundaryList(out, project.BCFilesQ, project.BCCountQ);
-  AppendNames(out, project.MetCount, project.MetFiles);
+  AppendNameList(out, project.MetCount, project.MetFiles);
   AppendLine(out, FileNameLine(project.LatFileQ));
   AppendLine(out, FileNameLine(project.PowFileQ));
   AppendLine(out, "");
@@ -151,7 +138,7 @@ std::string ProjectText(const ProjectData& project) {
   AppendLine(out, "");
 
   AppendLine(out, kOtherFiles);
-  AppendNames(out, project.OtherCount, project.OtherFiles);
+  AppendNameList(out, project.OtherCount, project.OtherFiles);
   AppendLine(out, "");
   return out;
 }

@@ -42,9 +42,6 @@ namespace lomaris {
 /// What stands in place of a file name for a file that is to be built from the network.
 inline constexpr std::string_view kNewQualFile = "QNP";
 
-/// Gets the list of all cross sections whose names in a water quality file are not the network's.
-inline constexpr std::string_view kMismatchReport = "QNPErr.txt";
-
 /// How a water quality file is loaded.
 struct QualLoad {
   /// Where the report of name mismatches goes for a file whose name has no folder. Where that is
@@ -60,8 +57,8 @@ struct QualLoad {
 /// looked up beside the project first. On success the project's list of boundary files has a place
 /// for every branch; with `NamesFrom::File`, `project` has the names that the file has.
 ///
-/// Names of cross sections that differ from the network's are told once a load, listed in
-/// `kMismatchReport`, and kept.
+/// Names of cross sections that differ from the network's are told once a load, listed in a report
+/// (name_mismatches.h), and kept.
 ///
 /// False, with both records as they were, when the file cannot be read, does not have the branches
 /// and cross sections of the network, or a branch has fewer than `kFewestXSects`; the user has been

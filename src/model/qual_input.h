@@ -5,6 +5,7 @@
 
 #include "core/bounded_array.h"
 #include "core/dates.h"
+#include "core/files.h"
 #include "model/hydro_input.h"
 #include "model/project_data.h"
 
@@ -66,6 +67,7 @@ struct QualInput {
   BoundedArray<float> GlobalKinetics{1, kGlobalKinetics};
   std::int16_t BranchCount = 0;  ///< that of the network
   BoundedArray<QualBranchRec> Branches{1, kMostBranches};
+  FileStamp OnDisk;  ///< the file as it was read or written last
 
   bool operator==(const QualInput&) const = default;
 };

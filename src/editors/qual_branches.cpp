@@ -1,0 +1,167 @@
+// What the water quality editor does with the branch on view, and with a network that changes.
+
+#include <utility>
+
+#include "core/raised_flag.h"
+#include "editors/qual_desk.h"
+#include "editors/qual_network.h"
+
+namespace lomaris {
+namespace {
+
+// Columns of `ssPlotted`.
+constexpr int kNameCol = 1;
+constexpr int kNetworkNameCol = 2;
+constexpr int kPrintCol = 3;
+constexpr const char* kYes = "Yes";
+
+constexpr const char* kFollowQuestion =
+    "The network has other branches or cross sections now than this Water Quality input file, "
+    "which would not fit it any more.\r\n\r\n"
+    "Do you want the branches and cross sections of this file to follow the network's? Cross "
+    "sections are matched by name within their branch; a new one gets the values of the one before "
+    "it, and a new branch gets default values.";
+
+}  // namespace
+
+void QualDesk::ShowBranch(const QualBranchForm& form) {
+  const RaisedFlag ownChange(showing_);
+  view_.ShowBranch(form);
+}
+
+/// All of them in the list, and the first one in the fields and grids.
+void QualDesk::ShowBranches() {
+  const QualInput& qual = Qual();
+  std::vector<std::string> names;
+  for (int i = 1; i <= qual.BranchCount; ++i) names.push_back(qual.Branches[i].Name);
+  const int entry = names.empty() ? -1 : 0;
+  {
+    const RaisedFlag ownChange(showing_);
+    view_.ShowBranchList(names, entry);
+  }
+  ShowEntry(entry);
+}
+
+void QualDesk::ShowEntry(int entry) {
+  branch_ = entry + 1;
+  std::vector<CoefficientSheet::Place> branch;
+  std::vector<CoefficientSheet::Place> kinetics;
+  std::vector<CoefficientSheet::Place> initial;
+  std::vector<CoefficientSheet::Place> lateral;
+  if (branch_ > 0) {
+    const QualBranchRec& record = Qual().Branches[branch_];
+    branch.push_back({record.Name, record.BranchKinetics});
+    for (const QualXSectRec& xsect : record.XSects) {
+      kinetics.push_back({xsect.Name, xsect.XSectKinetics});
+      initial.push_back({xsect.Name, xsect.InitialConc});
+      lateral.push_back({xsect.Name, xsect.LateralConc});
+    }
+  }
+  branchKinetics_.Fill(std::move(branch));
+  xsectKinetics_.Fill(std::move(kinetics));
+  initial_.Fill(std::move(initial));
+  lateral_.Fill(std::move(lateral));
+  FillPlotted();
+  shownBranch_ = branch_ > 0 ? BranchFormOf(Qual(), around_.Hydro, branch_) : QualBranchForm();
+  ShowBranch(shownBranch_);
+}
+
+/// The names are those of the file, and beside them the network's, which they should be.
+void QualDesk::FillPlotted() {
+  const std::pair<int, std::string> headings[] = {{kNameCol, "Cross Section"},
+                                                  {kNetworkNameCol, "Name in Hydro-|dynamic Input"},
+                                                  {kPrintCol, "Print?"}};
+  plotted_.SetRows(plotted_.FixedRows());
+  plotted_.SetCols(kPrintCol + 1);
+  plotted_.SetNumberRows(true);
+  plotted_.ReadOnlyCols = kPrintCol - 1;
+  plotted_.SetColHeadings(headings);
+  plotted_.SetColFormat(kPrintCol, {FormatKind::Choice, "Yes;No"});
+  if (branch_ == 0) return;
+  const QualBranchRec& record = Qual().Branches[branch_];
+  const BranchRec& branch = around_.Hydro.Branches[branch_];
+  plotted_.SetRows(plotted_.FixedRows() + record.XSectCount);
+  for (int i = 1; i <= record.XSectCount; ++i) {
+    const int row = plotted_.FixedRows() + i - 1;
+    plotted_.SetTextMatrix(row, kNameCol, record.XSects[i].Name);
+    if (i <= branch.XSectCount) {
+      plotted_.SetTextMatrix(row, kNetworkNameCol, branch.XSects[i].Name);
+    }
+    plotted_.SetTextMatrix(row, kPrintCol, record.XSects[i].Print ? kYes : "No");
+  }
+}
+
+void QualDesk::TakePlotted() {
+  QualBranchRec& record = Qual().Branches[branch_];
+  for (int i = 1; i <= record.XSectCount; ++i) {
+    const std::string& text = plotted_.TextMatrix(plotted_.FixedRows() + i - 1, kPrintCol);
+    record.XSects[i].Print = EqualIgnoringCase(text, kYes);
+  }
+}
+
+/// Takes the branch on view into the record. False: something was refused.
+bool QualDesk::TakeBranch() {
+  if (branch_ == 0) return true;
+  for (CoefficientSheet* sheet : {&branchKinetics_, &xsectKinetics_, &initial_, &lateral_}) {
+    if (!sheet->Take(around_.Screen)) return false;
+  }
+  QualBranchRec& record = Qual().Branches[branch_];
+  record.BranchKinetics = branchKinetics_.ValuesOf(0);
+  std::size_t place = 0;
+  for (QualXSectRec& xsect : record.XSects) {
+    xsect.XSectKinetics = xsectKinetics_.ValuesOf(place);
+    xsect.InitialConc = initial_.ValuesOf(place);
+    xsect.LateralConc = lateral_.ValuesOf(place);
+    ++place;
+  }
+  TakePlotted();
+  StoreBranchFields(view_.Branch(), shownBranch_, record);
+  return true;
+}
+
+bool QualDesk::SelectBranch(int entry) {
+  if (showing_ || entry + 1 == branch_) return true;
+  return Run("SSTabBranchQ_Click", [&] {
+    if (!TakeBranch()) return false;
+    ShowEntry(entry);
+    return true;
+  });
+}
+
+/// With a network that has no record for each of its cross sections a file could not be read again.
+/// False: the user keeps the branches as they are, and so they are not saved.
+bool QualDesk::FollowNetwork() {
+  if (!around_.Hydro.HydroLoaded || FitsNetwork(Qual(), around_.Hydro)) return true;
+  const Answer answer = around_.Screen.ShowMessage({.Text = kFollowQuestion,
+                                                    .Title = "Warning",
+                                                    .BoxIcon = Icon::Warning,
+                                                    .BoxButtons = Buttons::YesNo});
+  keepsBranches_ = answer != Answer::Yes;
+  if (keepsBranches_ || !TakeBranch()) return false;
+  lomaris::FollowNetwork(Qual(), around_.Hydro, catalogue_);
+  Edited();
+  ShowBranches();
+  return true;
+}
+
+void QualDesk::Activated() {
+  if (!open_ || showing_) return;
+  Run("Form_Activate", [&] { return keepsBranches_ || FollowNetwork(); });
+}
+
+bool QualDesk::OffersNetworkNames() const {
+  return open_ && FitsNetwork(Qual(), around_.Hydro) && !HasNetworkNames(Qual(), around_.Hydro);
+}
+
+void QualDesk::TakeNetworkNames() {
+  if (!OffersNetworkNames()) return;
+  Run("mnuEditNetworkNames_Click", [&] {
+    if (!TakeBranch()) return false;
+    lomaris::TakeNetworkNames(Qual(), around_.Hydro);
+    Edited();
+    ShowBranches();
+    return true;
+  });
+}
+
+}  // namespace lomaris

@@ -1,0 +1,187 @@
+// What the water quality editor does with the files that it names.
+
+#include <algorithm>
+
+#include "core/files.h"
+#include "core/raised_flag.h"
+#include "editors/qual_desk.h"
+#include "editors/typed_values.h"
+#include "import/browse_file.h"
+
+namespace lomaris {
+namespace {
+
+struct FileField {
+  const char* Kind;
+  int Slot;  ///< of the project window
+  std::string QualForm::*Name;
+};
+
+/// In the order of `QualFile`.
+constexpr FileField kFileFields[] = {{"LAT", 6, &QualForm::LatFile},
+                                     {"POW", 7, &QualForm::PowFile}};
+constexpr int kMetSlot = 8;
+constexpr int kBoundarySlot = 9;
+
+constexpr const char* kSelectTitle = "Select Existing File";
+
+const FileField& FieldOf(QualFile file) {
+  return kFileFields[static_cast<int>(file)];
+}
+
+/// The name of the selected meteorological file; empty for none.
+std::string SelectedMet(const QualForm& form) {
+  const bool isSelected = form.MetFile >= 0 && form.MetFile < std::ssize(form.MetFiles);
+  return isSelected ? form.MetFiles[static_cast<std::size_t>(form.MetFile)] : std::string();
+}
+
+}  // namespace
+
+/// A file of the kind that a slot of the project window takes; `field` names the one at hand. Empty
+/// when cancelled.
+std::string QualDesk::AskForFile(int slot, const std::string& title, const std::string& field) {
+  BrowseRequest request{
+      .Filter = around_.SharedTables.FileFilter[slot], .Title = title, .FileName = FileIn(field)};
+  const auto chosen = BrowseFiles(request, around_.Screen, around_.Store);
+  return chosen.empty() ? std::string() : chosen.front();
+}
+
+/// A name as other windows understand it: they look beside the project, not beside a file that is
+/// in none.
+std::string QualDesk::PathOf(const std::string& name) const {
+  return own_ ? FindFile(name, Project().FileName).value_or(name) : name;
+}
+
+bool QualDesk::OffersEdit(QualFile file) const {
+  const FileField& field = FieldOf(file);
+  return around_.Windows.OffersEditor(field.Kind) &&
+         FindFile(FileIn(view_.Form().*field.Name), Project().FileName);
+}
+
+void QualDesk::EditFile(QualFile file) {
+  if (!OffersEdit(file)) return;
+  Run("btnBrowse_Click", [&] {
+    const FileField& field = FieldOf(file);
+    around_.Windows.FileEdit({.FileName = PathOf(FileIn(view_.Form().*field.Name)),
+                              .Kind = field.Kind,
+                              .Slot = field.Slot});
+    return true;
+  });
+}
+
+void QualDesk::SelectFile(QualFile file) {
+  Run("btnBrowseSelect_Click", [&] {
+    const FileField& field = FieldOf(file);
+    QualForm form = view_.Form();
+    const std::string chosen = AskForFile(field.Slot, kSelectTitle, form.*field.Name);
+    if (chosen.empty()) return false;
+    form.*field.Name = chosen;
+    ShowForm(form);
+    Edited();
+    return true;
+  });
+}
+
+// --- Meteorological files.
+
+bool QualDesk::OffersMet(MetAction action) const {
+  const QualForm form = view_.Form();
+  const std::string selected = SelectedMet(form);
+  const bool hasRoom = std::ssize(form.MetFiles) < kMostMetFiles;
+  switch (action) {
+    case MetAction::Edit:
+      return around_.Windows.OffersEditor("MET") &&
+             FindFile(FileIn(selected), Project().FileName).has_value();
+    case MetAction::Replace:
+      return true;
+    case MetAction::Add:
+      return hasRoom;
+    case MetAction::New:
+      return hasRoom && around_.Windows.OffersEditor("MET");
+    case MetAction::Remove:
+      return !selected.empty();
+  }
+  return false;
+}
+
+/// At a place of the list that may be the one behind its end.
+void QualDesk::PutMet(QualForm form, std::size_t place, const std::string& name) {
+  if (place == form.MetFiles.size()) form.MetFiles.emplace_back();
+  form.MetFiles.at(place) = name;
+  form.MetFile = static_cast<int>(place);
+  ShowForm(form);
+  Edited();
+}
+
+void QualDesk::EditMet(const QualForm& form, MetAction action) {
+  const bool isNew = action == MetAction::New;
+  const auto row = isNew ? std::ssize(form.MetFiles) : form.MetFile;
+  around_.Windows.FileEdit({.FileName = isNew ? std::string() : PathOf(SelectedMet(form)),
+                            .Kind = "MET",
+                            .Slot = kMetSlot,
+                            .Row = static_cast<int>(row) + 1});
+}
+
+void QualDesk::RunMet(MetAction action) {
+  if (!OffersMet(action)) return;
+  Run("mnuMetItem_Click", [&] {
+    QualForm form = view_.Form();
+    if (action == MetAction::Edit || action == MetAction::New) {
+      EditMet(form, action);
+      return true;
+    }
+    if (action == MetAction::Remove) {
+      form.MetFiles.erase(form.MetFiles.begin() + form.MetFile);
+      form.MetFile = Min(form.MetFile, static_cast<int>(form.MetFiles.size()) - 1);
+      ShowForm(form);
+      Edited();
+      return true;
+    }
+    const std::string chosen = AskForFile(kMetSlot, "Open", SelectedMet(form));
+    if (chosen.empty()) return false;
+    const bool replaces = action == MetAction::Replace;
+    // With no row selected the choice becomes the first one.
+    const auto place =
+        replaces ? static_cast<std::size_t>(Max(form.MetFile, 0)) : form.MetFiles.size();
+    PutMet(std::move(form), place, chosen);
+    return true;
+  });
+}
+
+// --- Boundary files of the branch on view.
+
+bool QualDesk::OffersBoundary(QualBoundary action, bool isUpstream) const {
+  const QualBranchForm form = view_.Branch();
+  const std::string name = FileIn(isUpstream ? form.USFile : form.DSFile);
+  if (branch_ == 0) return false;
+  if (action == QualBoundary::None) return !name.empty();
+  if (!(isUpstream ? form.NeedsUSFile : form.NeedsDSFile)) return false;
+  if (action == QualBoundary::Open) return true;
+  if (!around_.Windows.OffersEditor("BCF")) return false;
+  return action == QualBoundary::New || FindFile(name, Project().FileName).has_value();
+}
+
+void QualDesk::RunBoundary(QualBoundary action, bool isUpstream) {
+  if (!OffersBoundary(action, isUpstream)) return;
+  Run("mnuBCFPopupItem_Click", [&] {
+    QualBranchForm form = view_.Branch();
+    std::string& field = isUpstream ? form.USFile : form.DSFile;
+    if (action == QualBoundary::Edit || action == QualBoundary::New) {
+      EditRequest request{
+          .Kind = "BCF", .Slot = kBoundarySlot, .Row = branch_, .IsUpstream = isUpstream};
+      if (action == QualBoundary::Edit) request.FileName = PathOf(FileIn(field));
+      around_.Windows.FileEdit(request);
+      return true;
+    }
+    const std::string chosen = action == QualBoundary::None
+                                   ? kNoneSelected
+                                   : AskForFile(kBoundarySlot, kSelectTitle, field);
+    if (chosen.empty()) return false;
+    field = chosen;
+    ShowBranch(form);
+    Edited();
+    return true;
+  });
+}
+
+}  // namespace lomaris
