@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/raised_flag.h"
+#include "core/text.h"
 #include "editors/qual_desk.h"
 #include "editors/qual_network.h"
 

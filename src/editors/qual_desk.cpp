@@ -6,9 +6,11 @@
 #include "core/files.h"
 #include "core/raised_flag.h"
 #include "core/save_file.h"
+#include "core/text.h"
 #include "editors/qual_network.h"
 #include "editors/saving.h"
 #include "editors/step_sheet.h"
+#include "editors/typed_values.h"
 #include "model/qnp_file.h"
 
 namespace lomaris {
@@ -197,8 +199,7 @@ void QualDesk::FollowProjectsNames() {
   Follow(qual.LatFile, asOpened_.LatFile, project.LatFileQ, before.LatFileQ);
   Follow(qual.PowFile, asOpened_.PowFile, project.PowFileQ, before.PowFileQ);
   Follow(qual.MetFiles, asOpened_.MetFiles, project.MetFiles, before.MetFiles);
-  qual.MetCount = 0;
-  for (const std::string& name : qual.MetFiles) qual.MetCount += NamesAFile(name) ? 1 : 0;
+  Follow(qual.MetCount, asOpened_.MetCount, project.MetCount, before.MetCount);
   const auto count = Min(project.BCFilesQ.UpperBound(), before.BCFilesQ.UpperBound());
   for (int i = 1; i <= qual.BranchCount && i <= asOpened_.BranchCount && i <= count; ++i) {
     const BranchBCFiles& now = project.BCFilesQ[i];
