@@ -3,9 +3,14 @@
 #include <cmath>
 
 #include "core/cell_limit.h"
+#include "core/tables.h"
 #include "core/text.h"
 
 namespace lomaris {
+
+std::string KindOf(const AuxData& aux) {
+  return TypeKey(Trim(aux.FileName));  // as the file is found by its name without blanks
+}
 
 std::int32_t MaxSteps(const AuxData& aux) {
   // Two columns of a grid hold the row's number and its date.

@@ -69,6 +69,9 @@ struct AuxData {
   bool operator==(const AuxData&) const = default;
 };
 
+/// The kind of the record's file: "LAT", "WIT" and so on.
+std::string KindOf(const AuxData& aux);
+
 /// Time steps that a file may have, so that a grid can show them.
 std::int32_t MaxSteps(const AuxData& aux);
 

@@ -31,20 +31,24 @@ struct TextKind {
   void (*Append)(std::string& out, AuxData& aux, const AuxSurroundings& around);
 };
 
+constexpr std::string_view kResults = "BMD";
+
 constexpr std::array kTextKinds = {
     TextKind{"LAT", ReadLAT, AppendLAT}, TextKind{"WIT", ReadWIT, AppendWIT},
     TextKind{"POW", ReadPOW, AppendPOW}, TextKind{"BCF", ReadBCF, AppendBCF},
     TextKind{"MET", ReadMET, AppendMET},
 };
 
-const TextKind& KindOf(const std::string& fileName) {
-  const std::string key = TypeKey(fileName);
+const TextKind& TextKindOf(const AuxData& aux) {
+  const std::string key = KindOf(aux);
   const auto kind = std::find_if(kTextKinds.begin(), kTextKinds.end(),
                                  [&](const TextKind& each) { return each.Key == key; });
-  if (kind == kTextKinds.end()) {
-    throw RuntimeError(ErrorNumber::InvalidCall, fileName + " is no auxiliary file");
-  }
-  return *kind;
+  if (kind != kTextKinds.end()) return *kind;
+  throw RuntimeError(
+      ErrorNumber::InvalidCall,
+      aux.FileName + (key == kResults ? " holds results of a model, which are viewed "
+                                        "and not saved"
+                                      : " is no auxiliary file"));
 }
 
 /// Asks whether a file that is not there is to be created.
@@ -72,8 +76,8 @@ void TellInputAborted(const RuntimeError& error, const std::string& fileName,
 bool ReadContent(AuxData& aux, const std::string& path, const AuxSurroundings& around) {
   std::optional<AuxCursor> in;
   try {
-    if (TypeKey(aux.FileName) == "BMD") return ReadModelResults(aux, path, around);
-    const TextKind& kind = KindOf(aux.FileName);
+    if (KindOf(aux) == kResults) return ReadModelResults(aux, path, around);
+    const TextKind& kind = TextKindOf(aux);
     in.emplace(around.Screen, path);
     for (std::string& line : aux.Description) line = in->ReadWhole();
     return kind.Read({*in, aux, around});
@@ -114,7 +118,7 @@ bool SaveAUXFile(AuxData& aux, const AuxSurroundings& around) {
     const WindowAtWork atWork(around.Window, WindowAtWork::Tab::Usable);
     std::string text;
     AppendDescriptions(text, aux);
-    KindOf(aux.FileName).Append(text, aux, around);
+    TextKindOf(aux).Append(text, aux, around);
     WriteWholeFile(TargetPath(aux.FileName, around.Project.FileName), std::move(text),
                    Backup::None);
   });

@@ -6,7 +6,8 @@
 namespace lomaris {
 
 // The one reader and the one writer of auxiliary files. The last three characters of `FileName`
-// tell the kind; each kind has a pair of files that gives its layout.
+// tell the kind; each kind has a pair of files that gives its layout. Results of a model (BMD) are
+// read for viewing and not saved: `clsBMD` writes such files.
 
 /// Fills `aux` anew from the file `FileName` (of a BCF, for the boundary type `BoundaryType`).
 /// Without a window only the header is read, and the record has no series. A file that is not there

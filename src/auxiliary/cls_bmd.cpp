@@ -110,15 +110,15 @@ void clsBMD::SetTimeOffset(std::int16_t hours) {
 }
 
 BoundedArray<double> clsBMD::ConcVarSeg(std::int32_t var, std::int32_t seg) const {
-  BoundedArray<double> series(1, content_.Concs.Times());
-  for (std::int32_t time = 1; time <= content_.Concs.Times(); ++time) {
+  BoundedArray<double> series(1, NumTimes());
+  for (std::int32_t time = 1; time <= NumTimes(); ++time) {
     series[time] = content_.Concs(var, seg, time);
   }
   return series;
 }
 
 BoundedArray<BoundedArray<double>> clsBMD::ConcVar(std::int32_t var) const {
-  BoundedArray<BoundedArray<double>> all(1, content_.Concs.Segments());
+  BoundedArray<BoundedArray<double>> all(1, NumSegments());
   for (std::int32_t seg = 1; seg <= all.Count(); ++seg) all[seg] = ConcVarSeg(var, seg);
   return all;
 }

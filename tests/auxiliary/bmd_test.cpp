@@ -57,7 +57,7 @@ TEST_F(BMDFiles, AreWrittenAsTheyWereRead) {
   EXPECT_EQ(ErrorOf([&] { bmd_.SetSeedTime(-1); }), 6);
   bmd_.EraseData();
   EXPECT_EQ(bmd_.VarMax(1), 10);
-  EXPECT_EQ(ErrorOf([&] { bmd_.Conc(1, 1, 1); }) + ErrorOf([&] { bmd_.Time(1); }), 9 + 9);
+  EXPECT_EQ(ErrorOf([&] { bmd_.ConcVar(1); }) + ErrorOf([&] { bmd_.Time(1); }), 9 + 9);
   EXPECT_EQ(ErrorOf([&] { bmd_.WriteBMD("b.bmd"); }) + ErrorOf([&] { bmd_.VarMax(3); }), 9 + 9);
   EXPECT_EQ(folder_.Read("b.bmd") + folder_.Entries(), kBMD + "a.bmd b.bmd");
 }
@@ -127,6 +127,10 @@ TEST_F(BMDFiles, AreShownAtTheNetworkAsFarAsARecordHoldsThem) {
   EXPECT_TRUE(aux_.Times[2] == kOrigin - 0.5 && aux_.ActiveNode[3] && aux_.ActiveConst[2] &&
               !aux_.ActiveConst[3]);
   EXPECT_EQ(tables_.ConstituentUnits[1] + tables_.ConstituentLong[2], "cfsAmmonia, dissolved");
+  ui_.Answers = {Answer::Abort};
+  EXPECT_FALSE(Save());
+  EXPECT_THAT(std::exchange(ui_.Messages, {}).back().Text,
+              testing::HasSubstr("a.bmd holds results of a model, which are viewed and not saved"));
   const auto load = [&](int vars, int segments) {
     bmd_.InitializeBMD(vars, segments, 1, 0);
     return bmd_.WriteBMD("a.bmd") && Load("a.bmd");
