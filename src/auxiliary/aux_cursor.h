@@ -65,6 +65,9 @@ class AuxCursor {
   /// Nothing is left but blanks and line ends, which an editor may leave behind the last line.
   bool AtEnd() const { return in_.OnlyBlanksLeft(); }
 
+  /// There is another line, even if it is blank.
+  bool HasLine() const { return !in_.AtEnd(); }
+
   std::size_t BytesLeft() const { return in_.BytesLeft(); }
 
   // --- Where an error is reported. A row of free input counts for one line, however it is wrapped,

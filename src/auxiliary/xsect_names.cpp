@@ -80,8 +80,13 @@ class Reconciliation {
   /// The units of a plant share its intake, and files of several plants are rare. So what was found
   /// holds over to the next entry until it finds its own: a unit whose intake the network does not
   /// know draws its water where the unit before it does.
+  ///
+  /// A plant of a legacy file at the first node has none upstream to draw from. Once saved, it has
+  /// an intake of node 0 without a name, which refers to nothing and so cannot be dead.
   bool FollowIntake(AuxXSect& xsect) {
     Find(nodes_, xsect.IntakeNode, xsect.IntakeName, intake_);
+    const bool isFound = intake_.Node != 0 || !intake_.NameOfNode.empty();
+    if (!isFound && xsect.IntakeNode == 0 && xsect.IntakeName.empty()) return true;
     return Follow(intake_, xsect.IntakeNode, xsect.IntakeName);
   }
 
@@ -148,7 +153,7 @@ bool ReadLines(AuxCursor& in, AuxXSect& xsect, bool hasIntakes) {
   if (in.AtEnd()) return false;
   xsect.Name = in.ReadWhole();
   if (!hasIntakes) return true;
-  if (in.AtEnd()) return false;
+  if (!in.HasLine()) return false;
   xsect.IntakeName = in.ReadWhole();
   return true;
 }
@@ -166,7 +171,7 @@ std::vector<std::string_view> NodeNames(const HydroInput& hydro) {
 
 bool ReadNames(const AuxLoad& load) {
   AuxData& aux = load.Aux;
-  const bool hasIntakes = TypeKey(aux.FileName) == "POW";
+  const bool hasIntakes = KindOf(aux) == "POW";
   Reconciliation network(load);
   for (std::int32_t i = 1; i <= aux.NumXSect; ++i) {
     AuxXSect& xsect = aux.XSect[i];
