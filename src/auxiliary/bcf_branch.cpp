@@ -54,11 +54,14 @@ void FindBranch(const AuxData& aux, const AuxSurroundings& around, const std::in
 
 }  // namespace
 
-void CheckBranch(const AuxData& aux, const AuxSurroundings& around) {
+void CheckBranch(AuxData& aux, const AuxSurroundings& around) {
   const std::int32_t inFile = aux.XSect[1].Node;
   std::int32_t branch = 0;
   FindBranch(aux, around, inFile, branch);
   if (branch == inFile) return;
+  // A save will put it right, so closing asks for one; of a file that no branch has, it would lose
+  // the number.
+  if (branch != 0) aux.Modified = true;
   around.Screen.ShowMessage(
       {.Text = fmt::format("Branch number found in BCF file ({}) was inconsistent with branch "
                            "number for this file indicated in the Project file ({}). The branch "

@@ -10,8 +10,8 @@ namespace lomaris {
 // hydrodynamic and the water quality model; the file repeats it for the model.
 
 /// Tells when the branch in the file is not the project's. The record keeps the file's number until
-/// it is saved.
-void CheckBranch(const AuxData& aux, const AuxSurroundings& around);
+/// it is saved, and counts as modified when the project has one for it.
+void CheckBranch(AuxData& aux, const AuxSurroundings& around);
 
 /// Takes the project's branch into the record; 0, which is told, when no branch has the file.
 void AdoptBranch(AuxData& aux, const AuxSurroundings& around);

@@ -197,6 +197,7 @@ TEST_F(BoundaryAndWeather, TheProjectTellsTheBranch) {
     for (std::string* place : places) *place = places.size() == 1 ? folder_.Path("s.bcf") : "S.bcf";
     ASSERT_TRUE(LoadAs("Q", "s.bcf", kSeries));
     EXPECT_EQ(Shown() + NumberText(aux_.XSect[1].Node), texts[1] + "-2") << "until it is saved";
+    EXPECT_EQ(aux_.Modified, texts[0] != "-2" && texts[0] != "0") << "when a save puts it right";
     ui_.Messages.clear();
     ASSERT_TRUE(Save());
     EXPECT_EQ(Shown(), texts[2]);
