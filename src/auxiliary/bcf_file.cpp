@@ -53,10 +53,8 @@ bool SuitsNetwork(const AuxLoad& load) {
 
 bool ReadSteps(const AuxLoad& load) {
   AuxData& aux = load.Aux;
-  const SeriesShape shape = {.Record = SeriesShape::RecordForm::Free,
-                             .Slots = kSlotsInUse,
-                             .ValuesPerStep = aux.NumConst + 1,
-                             .Accepted = SuitsNetwork};
+  const SeriesShape shape = {
+      .Record = SeriesShape::RecordForm::Free, .Slots = kSlotsInUse, .Accepted = SuitsNetwork};
   return ReadSeries(load, shape, [&](std::int32_t step) {
     float* const row = aux.XSect[1].Values.Row(step);
     for (std::int32_t slot = 0; slot <= aux.NumConst; ++slot) row[slot] = load.In.ReadFree<float>();
@@ -84,7 +82,7 @@ bool ReadRating(const AuxLoad& load) {
   CheckedTimes(aux.NumTimes);
   ValueBlock& points = aux.XSect[1].Values = ValueBlock(kSlotsInUse, 0);
   const std::int32_t maxPoints = MaxSteps(aux);
-  StepProgress progress(load.Around.Window, load.Around.Screen, aux.NumTimes);
+  StepProgress progress(load.Around.Window, aux.NumTimes, &load.Around.Screen);
   while (points.Times() < aux.NumTimes && !load.In.AtEnd() && ReadPoint(load.In, points)) {
     if (points.Times() > maxPoints) {
       TellTooManySteps(maxPoints, load.Around.Screen);
@@ -129,7 +127,7 @@ void AppendSteps(std::string& out, const AuxData& aux, const AuxSurroundings& ar
   AppendFactors(out, boundary.Scale, columns);
   AppendFactors(out, boundary.Conversion, columns);
   ReserveSeries(out, aux, static_cast<std::size_t>(columns));
-  StepProgress progress(around.Window, around.Screen, aux.NumTimes);
+  StepProgress progress(around.Window, aux.NumTimes);
   for (std::int32_t step = 1; step <= aux.NumTimes; ++step) {
     AppendRecord(out, StepRecord(aux.Times[step], around.Screen));
     for (std::int32_t slot = 1; slot <= columns; ++slot) {
@@ -149,7 +147,7 @@ void AppendRating(std::string& out, AuxData& aux, const AuxSurroundings& around)
   AppendRow(out, boundary.Scale[1]);
   AppendRow(out, boundary.Conversion[1]);
   AppendPrintedRow(out, aux.NumTimes);
-  StepProgress progress(around.Window, around.Screen, aux.NumTimes);
+  StepProgress progress(around.Window, aux.NumTimes);
   for (std::int32_t point = 1; point <= aux.NumTimes; ++point) {
     AppendRow(out, boundary.Values(kDepth, point), boundary.Values(kDischarge, point));
     progress.Step(point);

@@ -49,7 +49,7 @@ ModelDateTime CheckedDate(ModelDateTime date) {
 bool TakeSeries(AuxData& aux, const clsBMD& bmd, const AuxSurroundings& around) {
   aux.Times.Resize(bmd.NumTimes());
   for (std::int32_t t = 1; t <= bmd.NumTimes(); ++t) aux.Times[t] = CheckedDate(bmd.Time(t));
-  StepProgress progress(around.Window, around.Screen, aux.NumXSect);
+  StepProgress progress(around.Window, aux.NumXSect, &around.Screen);
   for (std::int32_t i = 1; i <= aux.NumXSect; ++i) {
     ValueBlock& values = aux.XSect[i].Values = ValueBlock(bmd.NumVars(), bmd.NumTimes());
     for (std::int32_t t = 1; t <= bmd.NumTimes(); ++t) {

@@ -65,9 +65,7 @@ void ReadCounts(const AuxLoad& load) {
 
 bool ReadValues(const AuxLoad& load, const Columns& columns) {
   AuxData& aux = load.Aux;
-  const SeriesShape shape = {
-      .Slots = kSlotsInUse,
-      .ValuesPerStep = aux.NumXSect * static_cast<std::int32_t>(columns.size())};
+  const SeriesShape shape = {.Slots = kSlotsInUse};
   return ReadSeries(load, shape, [&](std::int32_t step) {
     for (std::int32_t i = 1; i <= aux.NumXSect; ++i) {
       float* const row = aux.XSect[i].Values.Row(step);
@@ -143,7 +141,7 @@ void AppendLAT(std::string& out, AuxData& aux, const AuxSurroundings& around) {
   AppendFactors(out, xsects, columns, &AuxXSect::Conversion);
 
   ReserveSeries(out, aux, xsects.size() * columns.size());
-  StepProgress progress(around.Window, around.Screen, aux.NumTimes);
+  StepProgress progress(around.Window, aux.NumTimes);
   for (std::int32_t step = 1; step <= aux.NumTimes; ++step) {
     const DateFields record = StepRecord(aux.Times[step], around.Screen);
     AppendRow(out, record.Year, record.Month, record.Day, record.Hour);

@@ -96,8 +96,7 @@ class WetBulbCheck {
 
 bool ReadValues(const AuxLoad& load) {
   AuxData& aux = load.Aux;
-  const SeriesShape shape = {
-      .Record = SeriesShape::RecordForm::Free, .Slots = kColumns, .ValuesPerStep = kColumns};
+  const SeriesShape shape = {.Record = SeriesShape::RecordForm::Free, .Slots = kColumns};
   WetBulbCheck wetBulb(load);
   return ReadSeries(load, shape, [&](std::int32_t step) {
     float* const row = aux.XSect[1].Values.Row(step);
@@ -132,7 +131,7 @@ void AppendMET(std::string& out, AuxData& aux, const AuxSurroundings& around) {
   AppendHeader(out, aux);
   ReserveSeries(out, aux, kColumns);
   const ValueBlock& values = aux.XSect[1].Values;
-  StepProgress progress(around.Window, around.Screen, aux.NumTimes);
+  StepProgress progress(around.Window, aux.NumTimes);
   for (std::int32_t step = 1; step <= aux.NumTimes; ++step) {
     const DateFields record = StepRecord(aux.Times[step], around.Screen);
     AppendPrintedFields(out, record.Year, record.Month, record.Day, record.Hour);

@@ -67,7 +67,7 @@ bool ReadHeader(const AuxLoad& load) {
 bool ReadPOW(const AuxLoad& load) {
   if (!ReadHeader(load)) return false;
   if (load.Around.Window == nullptr) return true;
-  const SeriesShape shape = {.Slots = 2, .ValuesPerStep = 2 * load.Aux.NumXSect};
+  const SeriesShape shape = {.Slots = 2};
   const auto readRows = [&](std::int32_t step) {
     ReadSlotRow(load, kFlow, step);
     ReadSlotRow(load, kTemperature, step);
@@ -86,7 +86,7 @@ void AppendPOW(std::string& out, AuxData& aux, const AuxSurroundings& around) {
                      xsect->IntakeNode);
   }
   ReserveSeries(out, aux, 2 * xsects.size());
-  StepProgress progress(around.Window, around.Screen, aux.NumTimes);
+  StepProgress progress(around.Window, aux.NumTimes);
   for (std::int32_t step = 1; step <= aux.NumTimes; ++step) {
     AppendPrintedRecord(out, aux.Times[step], around.Screen);
     AppendSlotRow(out, xsects, kFlow, step);

@@ -31,7 +31,7 @@ void StepProgress::Look(std::int64_t count) {
   // Nobody has said how many steps a file holds that announces none.
   const std::int64_t percent = total_ > 0 ? count * 100 / total_ : 100;
   window_->SetProgress(static_cast<int>(Min<std::int64_t>(100, percent)));
-  ui_.DoEvents();
+  if (events_ != nullptr) events_->DoEvents();
 }
 
 }  // namespace lomaris

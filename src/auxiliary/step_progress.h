@@ -23,13 +23,14 @@ class WindowAtWork {
   Tab tab_;
 };
 
-/// Shows how far a loop has come, and lets events run, 20 times a second and at its first step: a
-/// bar that moved at every step would cost more than the steps.
+/// Shows how far a loop has come, 20 times a second and at its first step: a bar that moved at
+/// every step would cost more than the steps.
 class StepProgress {
  public:
-  /// `total` steps make 100 %. A window of none shows nothing.
-  StepProgress(AuxWindow* window, Ui& ui, std::int64_t total)
-      : window_(window), ui_(ui), total_(total) {}
+  /// `total` steps make 100 %. A window of none shows nothing. A load lets events run each time, by
+  /// `events`. A save does not: an edit would change the record under the writer.
+  StepProgress(AuxWindow* window, std::int64_t total, Ui* events = nullptr)
+      : window_(window), events_(events), total_(total) {}
 
   /// After step `count`. False when the user has given up the window.
   bool Step(std::int64_t count) {
@@ -44,7 +45,7 @@ class StepProgress {
   void Look(std::int64_t count);
 
   AuxWindow* window_;
-  Ui& ui_;
+  Ui* events_;
   std::int64_t total_;
   double shownAt_ = 0;  ///< s
 };

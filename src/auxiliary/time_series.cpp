@@ -18,12 +18,16 @@ constexpr int kMostBadHours = 20;
 class SeriesReader {
  public:
   SeriesReader(const AuxLoad& load, const SeriesShape& shape)
-      : load_(load), aux_(load.Aux), shape_(shape), maxSteps_(MaxSteps(load.Aux)) {
-    MakeRoom(LikelySteps());
+      : load_(load),
+        aux_(load.Aux),
+        shape_(shape),
+        maxSteps_(MaxSteps(load.Aux)),
+        bytes_(load.In.BytesLeft()) {
+    for (AuxXSect& xsect : aux_.XSect) xsect.Values = ValueBlock(shape_.Slots, 0);
   }
 
   bool Read(const std::function<void(std::int32_t)>& readRows) {
-    StepProgress progress(load_.Around.Window, load_.Around.Screen, aux_.NumTimes);
+    StepProgress progress(load_.Around.Window, aux_.NumTimes, &load_.Around.Screen);
     std::int32_t count = 0;
     while (!load_.In.AtEnd() && ReadStep(count + 1, readRows)) {
       if (++count > maxSteps_) {
@@ -32,34 +36,39 @@ class SeriesReader {
       }
       if (!progress.Step(count)) return false;
     }
-    room_ = count;
-    FitToRoom();
-    for (AuxXSect& xsect : aux_.XSect) xsect.Values.ShrinkToFit();
+    const bool roomToSpare = room_ - count > count / 8;  // what is spare is copied to give it back
+    MakeRoom(count);
+    for (AuxXSect& xsect : aux_.XSect) {
+      if (roomToSpare) xsect.Values.ShrinkToFit();
+    }
     if (shape_.Accepted != nullptr && !shape_.Accepted(load_)) return false;
     AdoptStepCount(aux_, count, load_.Around.Screen);
     return true;
   }
 
  private:
-  /// The header's number of steps is a claim: no more than the rest of the file can hold.
-  std::int32_t LikelySteps() const {
-    constexpr std::size_t kShortestNumber = 2;  // a digit and what separates it
-    constexpr std::size_t kRecordFields = 4;
-    const std::size_t numbers = kRecordFields + static_cast<std::size_t>(shape_.ValuesPerStep);
-    const std::size_t steps = load_.In.BytesLeft() / (numbers * kShortestNumber) + 1;
-    const std::int32_t claimed = Min(aux_.NumTimes, maxSteps_);
-    return static_cast<std::int32_t>(Min(steps, static_cast<std::size_t>(claimed)));
+  /// How many steps to make room for when those read so far have filled it: as many as the rest of
+  /// the file holds if it goes on like that. The header's number is a claim, and is believed when
+  /// it comes close.
+  std::int32_t LikelySteps(std::int32_t read) const {
+    constexpr std::int32_t kFirst = 16;
+    constexpr std::int32_t kFew = 1024;  // which tell little
+    constexpr double kMargin = 1.125;
+    if (read == 0) return Min(kFirst, maxSteps_);
+    const std::size_t left = load_.In.BytesLeft();
+    const double bytesPerStep = static_cast<double>(bytes_ - left) / read;
+    const double likely = read + 1 + kMargin * static_cast<double>(left) / bytesPerStep;
+    const double claimed = aux_.NumTimes;
+    const bool believed =
+        claimed > read && claimed <= likely && claimed * kMargin * kMargin > likely;
+    const double room = believed ? claimed : read < kFew ? Min<double>(likely, kFew) : likely;
+    return static_cast<std::int32_t>(Min<double>(room, maxSteps_));
   }
 
   void MakeRoom(std::int32_t steps) {
     room_ = steps;
-    for (AuxXSect& xsect : aux_.XSect) xsect.Values = ValueBlock(shape_.Slots, 0);
-    FitToRoom();
-  }
-
-  void FitToRoom() {
-    aux_.Times.Resize(room_);
-    for (AuxXSect& xsect : aux_.XSect) xsect.Values.ResizeTimes(room_);
+    aux_.Times.Resize(steps);
+    for (AuxXSect& xsect : aux_.XSect) xsect.Values.ResizeTimes(steps);
   }
 
   /// False at the end of the series.
@@ -68,11 +77,7 @@ class SeriesReader {
       const DateFields record = ReadRecord();
       if (record.Year == kTerminatorYear) return false;
       if (step > maxSteps_) return true;
-      if (step > room_) {
-        room_ =
-            static_cast<std::int32_t>(Min<std::int64_t>(maxSteps_, step + std::int64_t{step} / 2));
-        FitToRoom();
-      }
+      if (step > room_) MakeRoom(LikelySteps(room_));
       aux_.Times[step] = DateOf(record);
       readRows(step);
       return true;
@@ -116,6 +121,7 @@ class SeriesReader {
   AuxData& aux_;
   const SeriesShape& shape_;
   std::int32_t maxSteps_;
+  std::size_t bytes_;      ///< of the file, from the first step on
   std::int32_t room_ = 0;  ///< steps that the arrays hold
   int badHours_ = 0;
 };

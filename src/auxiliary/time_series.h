@@ -16,7 +16,6 @@ struct SeriesShape {
 
   RecordForm Record = RecordForm::ByLine;  ///< how a time step record is read
   std::int32_t Slots = 0;                  ///< first extent of `Values`
-  std::int32_t ValuesPerStep = 0;          ///< in the file
 
   /// Whether the file is taken once its series is read; false, having told it. None: it is.
   bool (*Accepted)(const AuxLoad& load) = nullptr;

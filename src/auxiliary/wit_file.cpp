@@ -29,7 +29,7 @@ bool ReadHeader(const AuxLoad& load) {
 bool ReadWIT(const AuxLoad& load) {
   if (!ReadHeader(load)) return false;
   if (load.Around.Window == nullptr) return true;
-  const SeriesShape shape = {.Slots = 1, .ValuesPerStep = load.Aux.NumXSect};
+  const SeriesShape shape = {.Slots = 1};
   return ReadSeries(load, shape, [&](std::int32_t step) { ReadSlotRow(load, 1, step); }) &&
          ReadNames(load);
 }
@@ -42,7 +42,7 @@ void AppendWIT(std::string& out, AuxData& aux, const AuxSurroundings& around) {
     AppendPrintedRow(out, xsect->Node, xsect->Scale[1], xsect->Conversion[1]);
   }
   ReserveSeries(out, aux, xsects.size());
-  StepProgress progress(around.Window, around.Screen, aux.NumTimes);
+  StepProgress progress(around.Window, aux.NumTimes);
   for (std::int32_t step = 1; step <= aux.NumTimes; ++step) {
     AppendPrintedRecord(out, aux.Times[step], around.Screen);
     AppendSlotRow(out, xsects, 1, step);

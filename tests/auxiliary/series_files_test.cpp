@@ -101,6 +101,7 @@ TEST_F(AuxFiles, AreReadWithTolerance) {
   EXPECT_EQ(aux_.Times[1], 36527);
   ASSERT_TRUE(Load("b.wit", "\n\n\n1 0 0\n2000 1 1 0\n") && Save() && Load("b.wit"));
   EXPECT_EQ(Shape(aux_), "1 0 0 1 i0 h0") << "no cross section, no rows";
+  EXPECT_TRUE(LoadHeader(" b.wit "));
   EXPECT_TRUE(ui_.Messages.empty());
 }
 
@@ -135,6 +136,12 @@ TEST_F(AuxFiles, LegacyHeatLoadsAreWithdrawnFromTheNextNodeUpstream) {
   ASSERT_TRUE(Save() && Load("c.pow"));
   EXPECT_EQ(ui_.Messages.size(), 1U) << "a saved file is no legacy file any more";
   EXPECT_FALSE(aux_.Modified);
+  ui_.Messages.clear();
+  ASSERT_TRUE(Load("c.pow", "\n\n\n1\t1\t0\t0\n1\t1\t1\n2000 1 1 0\n5\n70\n") && Save());
+  EXPECT_EQ(ui_.Messages.size(), 2U) << "legacy, and no names";
+  ASSERT_TRUE(Load("c.pow"));
+  EXPECT_THAT(Shape(aux_), HasSubstr("| 1 Head 0  s1")) << "nothing is upstream of the first node";
+  EXPECT_TRUE(ui_.Messages.size() == 2 && !aux_.Modified);
 }
 
 std::string Notice(const std::string& read, const std::string& header) {
@@ -316,8 +323,15 @@ TEST_F(AuxFiles, TheWindowShowsTheWorkAndCanBeGivenUp) {
   EXPECT_EQ(window_.Log, "busy bar locked no-bar idle free ");
   EXPECT_EQ(window_.Percent, 100);
   window_.Log.clear();
-  ASSERT_TRUE(Save());
+  struct : ScriptedUi {
+    int Passes = 0;
+    void DoEvents() override { ++Passes; }
+  } events;
+  ASSERT_TRUE(SaveAUXFile(aux_, {network_, project_, tables_, events, &window_}));
   EXPECT_EQ(window_.Log, "busy bar no-bar idle ");
+  EXPECT_EQ(events.Passes, 0) << "an edit would change the record under the writer";
+  ASSERT_TRUE(LoadAUXFile(aux_, {network_, project_, tables_, events, &window_}));
+  EXPECT_EQ(events.Passes, 1);
   window_.PollsToCancel = 1;
   EXPECT_FALSE(Load("a.lat", kLAT));
   EXPECT_EQ(window_.Percent, 50);
