@@ -140,9 +140,11 @@ bool CheckSizes(const BMDContent& content, std::uint64_t fileSize) {
                       series * (times * sizeof(float) + sizeof(Extremes)) + times * sizeof(double);
   if (fileSize == needed) return false;
   const Wide withNames = needed + segments * kSegNameSize;
-  if (fileSize >= withNames) return true;
-  throw RuntimeError(ErrorNumber::InputPastEnd, fmt::format("{} take {} bytes, but the file has {}",
-                                                            Counts(content), withNames, fileSize));
+  if (fileSize == withNames) return true;
+  // In a longer file, too, the tables behind the values would not be where the counts put them.
+  throw RuntimeError(
+      fileSize < withNames ? ErrorNumber::InputPastEnd : ErrorNumber::SubscriptOutOfRange,
+      fmt::format("{} take {} bytes, but the file has {}", Counts(content), withNames, fileSize));
 }
 
 void ReadVariables(FileReader& file, BMDContent& content) {

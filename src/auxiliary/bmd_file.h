@@ -73,8 +73,8 @@ struct BMDContent {
 /// counts no variable, no segment or no time step is read no further than its header. What the
 /// header says besides the counts and the seed time is not looked at.
 ///
-/// Error 62, with the sizes, for a file that is shorter than its counts say, 9 for a count below 0,
-/// and those of `FileReader`.
+/// Error 62, with the sizes, for a file that is shorter than its counts say, 9 for one that is
+/// longer and for a count below 0, and those of `FileReader`.
 BMDContent ReadBMDFile(const std::string& path, bool lowMemory);
 
 /// Writes a file, safely, and returns the extremes of its values, which are found on the way.

@@ -98,6 +98,8 @@ TEST_F(BMDFiles, DamageIsToldWithTheSizes) {
   const std::pair<std::string, std::string> rows[] = {
       {"BMD", "past end of file: a header of 78 bytes is expected, but the file has 3"},
       {kBMD.substr(0, 310), "3 segments over 2 time steps take 311 bytes, but the file has 310"},
+      {kBMD + "x", "3 segments over 2 time steps take 311 bytes, but the file has 312"},
+      {ReplaceAll(kBMD, Bytes(3, 2, 2), Bytes(3, 1, 2)), "time steps take 279 bytes, but the file"},
       {std::string(99, 'B'), "time steps take 5494786731563912794507083336 bytes, but the file"},
       {Header(1, -2, 3), "out of range: 3 variables at 1 segments over -2 time steps cannot be"},
       {ReplaceAll(kBMD, Bytes(0.25), Bytes(std::nan(""))), "mismatch: a time step has no valid"},
