@@ -2,9 +2,10 @@
 """Makes the example project "three_branches", a made-up river that is ready to open.
 
 The survey of the river stands in corvane_river.py, a year along it in corvane_year.py and
-corvane_weather.py. The rest is computed from them, so that the numbers agree: inverts from the
-slopes, flows from the headwaters and the distributed inflows, initial depths from a backwater
-computation, area coefficients from the shapes, the rating table from the section at the gage.
+corvane_weather.py, its water quality in corvane_quality.py. The rest is computed from them, so that
+the numbers agree: inverts from the slopes, flows from the headwaters and the distributed inflows,
+initial depths from a backwater computation, initial concentrations by mixing, area coefficients
+from the shapes, the rating table from the section at the gage.
 
     make_three_branches.py            write the files, print the plausibility table
     make_three_branches.py --check    write nothing, compare the files instead
@@ -18,10 +19,12 @@ import pathlib
 import sys
 
 sys.dont_write_bytecode = True  # leaves no cache among the examples
+import corvane_quality as quality
 from corvane_river import BRANCHES, MILE_AT_BOTTOM, SHAPES
 import corvane_weather as weather
 import corvane_year as year
 from open_channel import BETA, GRAVITY, Channel, froude, rating_curve, rating_table
+import quality_file
 from river_network import build_network, node, section_at, tributaries
 from series_files import (CONSTITUENTS, bcf_lines, bmd_bytes, lat_lines, met_lines, pow_lines,
                           printed, rating_lines, row, wit_lines)
@@ -30,6 +33,7 @@ from steady_results import april
 FOLDER = pathlib.Path(__file__).resolve().parent / "three_branches"
 PROJECT_FILE = "three_branches.prj"
 HYDRO_FILE, LIBRARY_FILE = "corvane_river.hnp", "corvane_shapes.xsg"
+WATER_QUALITY_FILE = "corvane_quality.qnp"
 FLOW_FILE, QUALITY_FILE = "corvane_flows.lat", "corvane_loads.lat"
 WITHDRAWAL_FILE, PLANT_FILE = "corvane_works.wit", "corvane_plant.pow"
 HEADWATER_FILES = {2: "ashlar_dam.bcf", 3: "quillet_meadow.bcf"}  # by branch
@@ -58,11 +62,10 @@ LIBRARY_TITLE = [
 
 
 def project_lines():
-    none = "NULL"
-    return [f"HYDRODYNAMIC_INPUT_FILE: {HYDRO_FILE}", f"WATER_QUALITY_INPUT_FILE: {none}",
+    return [f"HYDRODYNAMIC_INPUT_FILE: {HYDRO_FILE}",
+            f"WATER_QUALITY_INPUT_FILE: {WATER_QUALITY_FILE}",
             "VESKH_AUXILLARY_FILES:", *hydro_file_lines(), "",
-            "VESKQ_AUXILLARY_FILES:", *boundary_lines(HEADWATER_FILES), printed(1), WEATHER_FILE,
-            QUALITY_FILE, PLANT_FILE, "",
+            "VESKQ_AUXILLARY_FILES:", *quality_file_lines(), "",
             "PROJECT_DESCRIPTION:", DESCRIPTION, "",
             "OTHER_FILES:", printed(0), ""]
 
@@ -76,6 +79,23 @@ def hydro_file_lines():
     """The files of the hydrodynamic model, which project and network both name."""
     return [*boundary_lines({-GAGE_BRANCH: GAGE_FILE, **HEADWATER_FILES}),
             FLOW_FILE, WITHDRAWAL_FILE, LIBRARY_FILE]
+
+
+def quality_file_lines():
+    return [*boundary_lines(HEADWATER_FILES), printed(1), WEATHER_FILE, QUALITY_FILE, PLANT_FILE]
+
+
+def quality_lines():
+    branches = []
+    for number, branch in enumerate(BRANCHES, 1):
+        waters, _ = quality.initial_waters(number, year.hour_of(*START))
+        branches.append(quality_file.branch_lines(
+            number, branch.name, quality.branch_kinetics(number),
+            [(section.name, section.printed, water, quality.SEEPAGE[number],
+              quality.xsect_kinetics(number, section))
+             for section, water in zip(branch.sections, waters)]))
+    return quality_file.qnp_lines(quality.TITLE, (*START, *END), list(quality.GLOBAL.values()),
+                                  PRINT_STEPS, quality.BYPASS, branches, quality_file_lines())
 
 
 def hydro_lines(channels):
@@ -336,6 +356,7 @@ def main():
     files = {PROJECT_FILE: file_bytes(project_lines()),
              HYDRO_FILE: file_bytes(hydro_lines(channels)),
              LIBRARY_FILE: file_bytes(library_lines()),
+             WATER_QUALITY_FILE: file_bytes(quality_lines()),
              RESULT_FILE: bmd_bytes(april(channels)),
              **{name: file_bytes(lines)
                 for name, lines in {**series_files(), **boundary_files(channels)}.items()}}

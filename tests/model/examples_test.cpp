@@ -3,6 +3,7 @@
 #include "core/files.h"
 #include "model/hnp_file.h"
 #include "model/prj_file.h"
+#include "model/qnp_file.h"
 #include "model/xsg_file.h"
 #include "support/scripted_ui.h"
 #include "support/temp_folder.h"
@@ -15,10 +16,12 @@ struct Model {
   ProjectData Project;
   HydroInput Hydro;
   XSectLibrary Library;
+  QualInput Qual;
 
   bool Load(const std::string& name, Ui& ui) {
     if (name.ends_with(".prj")) return LoadPRJFile(Project, ui, name);
     if (name.ends_with(".hnp")) return LoadHNPFile(Hydro, Project, ui, name);
+    if (name.ends_with(".qnp")) return LoadQNPFile(Qual, Project, Hydro, ui, name);
     return LoadXSGFile(Library, Project, ui, name);
   }
   bool operator==(const Model&) const = default;
@@ -29,7 +32,8 @@ TEST(Examples, AreSavedAsTheyWereAndReadOrToldWhereverCutOff) {
   ScriptedUi ui;
   Model model;
   std::string texts;
-  for (const std::string name : {"three_branches.prj", "corvane_river.hnp", "corvane_shapes.xsg"}) {
+  for (const std::string name :
+       {"three_branches.prj", "corvane_river.hnp", "corvane_shapes.xsg", "corvane_quality.qnp"}) {
     const std::string text = ReadWholeFile(LOMARIS_EXAMPLES "/three_branches/" + name);
     folder.Write(name, text);
     ASSERT_TRUE(model.Load(name, ui));
@@ -45,7 +49,10 @@ TEST(Examples, AreSavedAsTheyWereAndReadOrToldWhereverCutOff) {
   EXPECT_TRUE(SavePRJFile(model.Project, ui, "a.prj"));
   EXPECT_TRUE(SaveHNPFile(model.Hydro, model.Project, ui, "a.hnp"));
   EXPECT_TRUE(SaveXSGFile(model.Library, model.Project, ui, "a.xsg"));
-  EXPECT_EQ(folder.Read("a.prj") + folder.Read("a.hnp") + folder.Read("a.xsg"), texts);
+  EXPECT_TRUE(SaveQNPFile(model.Qual, model.Project, ui, "a.qnp"));
+  EXPECT_EQ(
+      folder.Read("a.prj") + folder.Read("a.hnp") + folder.Read("a.xsg") + folder.Read("a.qnp"),
+      texts);
   EXPECT_TRUE(ui.Messages.empty() && !model.Project.Dirty);
 }
 
