@@ -11,6 +11,7 @@
 #include "bench/quiet_ui.h"
 #include "core/files.h"
 #include "model/hnp_file.h"
+#include "model/qnp_file.h"
 #include "model/xsg_file.h"
 
 namespace lomaris {
@@ -75,6 +76,34 @@ XSectLibrary LargeLibrary() {
   return library;
 }
 
+/// The water quality of the large network.
+QualInput LargeQual(const HydroInput& hydro) {
+  QualInput qual;
+  qual.Title = hydro.Title;
+  qual.StartDate = hydro.StartDate;
+  qual.EndDate = hydro.EndDate;
+  qual.BranchCount = hydro.BranchCount;
+  int i = 0;
+  const auto fill = [&](BoundedArray<float>& values) {
+    for (float& value : values) value = Measured(++i);
+  };
+  for (int b = 1; b <= qual.BranchCount; ++b) {
+    QualBranchRec& branch = qual.Branches[b];
+    branch.Name = hydro.Branches[b].Name;
+    fill(branch.BranchKinetics);
+    branch.XSectCount = hydro.Branches[b].XSectCount;
+    branch.XSects.Resize(branch.XSectCount);
+    for (int x = 1; x <= branch.XSectCount; ++x) {
+      QualXSectRec& xsect = branch.XSects[x];
+      xsect.Name = hydro.Branches[b].XSects[x].Name;
+      for (auto* values : {&xsect.InitialConc, &xsect.LateralConc, &xsect.XSectKinetics}) {
+        fill(*values);
+      }
+    }
+  }
+  return qual;
+}
+
 /// The numbers that the writers have to write.
 std::vector<float> NumbersOf(const HydroInput& hydro) {
   std::vector<float> numbers;
@@ -82,6 +111,18 @@ std::vector<float> NumbersOf(const HydroInput& hydro) {
     for (const XSectRec& x : branch.XSects) {
       numbers.insert(numbers.end(), {x.Length, x.Flow, x.Depth, x.Lateral, x.Invert, x.C1, x.C2,
                                      x.C3, x.ManningN, x.Loss, x.N1, x.N2, x.Print ? 1.0F : 0.0F});
+    }
+  }
+  return numbers;
+}
+
+std::vector<float> NumbersOf(const QualInput& qual) {
+  std::vector<float> numbers;
+  for (const QualBranchRec& branch : qual.Branches) {
+    for (const QualXSectRec& x : branch.XSects) {
+      for (const auto* values : {&x.InitialConc, &x.LateralConc, &x.XSectKinetics}) {
+        numbers.insert(numbers.end(), values->begin(), values->end());
+      }
     }
   }
   return numbers;
@@ -136,6 +177,52 @@ void SaveHNPRival(benchmark::State& state) {
   }
 }
 BENCHMARK(SaveHNPRival)
+    ->ArgName("disk")
+    ->Arg(0)
+    ->Arg(1)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+void LoadQNP(benchmark::State& state) {
+  const Folder folder(false);
+  QuietUi ui;
+  ProjectData project;
+  const HydroInput hydro = LargeNetwork();
+  QualInput qual = LargeQual(hydro);
+  SaveQNPFile(qual, project, ui, folder.File("a.qnp"));
+  for (auto _ : state) LoadQNPFile(qual, project, hydro, ui, folder.File("a.qnp"));
+  if (ui.Boxes() > 0) state.SkipWithError("the file was not read");
+}
+BENCHMARK(LoadQNP)->Unit(benchmark::kMillisecond);
+
+void LoadQNPRival(benchmark::State& state) {
+  const Folder folder(false);
+  QuietUi ui;
+  ProjectData project;
+  QualInput qual = LargeQual(LargeNetwork());
+  SaveQNPFile(qual, project, ui, folder.File("a.qnp"));
+  for (auto _ : state) benchmark::DoNotOptimize(SumOfNumbers(folder.File("a.qnp")));
+}
+BENCHMARK(LoadQNPRival)->Unit(benchmark::kMillisecond);
+
+void SaveQNP(benchmark::State& state) {
+  const Folder folder(state.range(0) != 0);
+  QuietUi ui;
+  ProjectData project;
+  QualInput qual = LargeQual(LargeNetwork());
+  for (auto _ : state) SaveQNPFile(qual, project, ui, folder.File("a.qnp"));
+  if (ui.Boxes() > 0) state.SkipWithError("the file was not written");
+}
+BENCHMARK(SaveQNP)->ArgName("disk")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void SaveQNPRival(benchmark::State& state) {
+  const Folder folder(state.range(0) != 0);
+  const std::vector<float> numbers = NumbersOf(LargeQual(LargeNetwork()));
+  for (auto _ : state) {
+    WriteWholeFile(folder.File("a.qnp"), BareText(numbers), Backup::OneGeneration);
+  }
+}
+BENCHMARK(SaveQNPRival)
     ->ArgName("disk")
     ->Arg(0)
     ->Arg(1)
