@@ -1,4 +1,4 @@
-"""The water quality of the Corvane River, which is made up: coefficients, and the water at the start.
+"""The water quality of the Corvane River, which is made up: coefficients and initial water.
 
 Coefficients stand under the names that the model has for them, in the order of the file; tables of
 what is special to a branch or to a kind of channel follow. Concentrations stand in the order of the
