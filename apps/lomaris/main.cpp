@@ -36,10 +36,9 @@ void AddEditors(lomaris::QtWorkbench& workbench, const lomaris::EditorSurroundin
 
 std::unique_ptr<lomaris::RunWindows> MakeRunWindows(lomaris::frmProject& window,
                                                     const lomaris::RunSurroundings& around,
-                                                    lomaris::Settings& settings,
-                                                    const lomaris::HydroInput& hydro) {
+                                                    lomaris::Settings& settings) {
   return std::make_unique<lomaris::RunWindows>(
-      around, settings, hydro, window,
+      around, settings, window,
       lomaris::ProjectActions{[&window] { return window.SaveProject(); },
                               [&window] { window.SaveForm(); }});
 }
@@ -60,12 +59,13 @@ int main(int, char** argv) {
   const std::string folder = QCoreApplication::applicationDirPath().toStdString();
   lomaris::QtProcesses processes;
   lomaris::SteadyClock clock;
-  const lomaris::RunSurroundings around{records.Project, ui, settings, processes, clock, folder};
+  const lomaris::RunSurroundings around{records.Project, ui,        settings, processes,
+                                        clock,           workbench, folder};
   std::unique_ptr<lomaris::RunWindows> runs;
   const auto loadProjectWindow = [&] {
     auto window = std::make_unique<lomaris::frmProject>(
         records.Project, records.Hydro, records.Names, ui, settings, shell, workbench);
-    runs = MakeRunWindows(*window, around, settings, records.Hydro);
+    runs = MakeRunWindows(*window, around, settings);
     window->OfferRunMenu(*runs);
     return window;
   };

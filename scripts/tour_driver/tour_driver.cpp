@@ -162,7 +162,7 @@ void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
   std::unique_ptr<RunWindows> runs;
   frmProject window(data, hydro, tables, ui, settings, shell, workbench);
   runs = std::make_unique<RunWindows>(
-      RunSurroundings{data, ui, settings, processes, clock, FolderOf(project)}, settings, hydro,
+      RunSurroundings{data, ui, settings, processes, clock, workbench, FolderOf(project)}, settings,
       window, ProjectActions{[] { return true; }, [] {}});
   window.OfferRunMenu(*runs);
   window.resize(kWindowSize);

@@ -48,6 +48,9 @@ class HydroDesk {
   /// The file that is open here; empty for a new one.
   std::string FileName() const { return open_ ? Hydro().FileName : std::string(); }
 
+  /// Whether what is open here has changes that are not on disk.
+  bool HasChanges() const { return open_ && Hydro().Dirty; }
+
   /// False: not saved. The user has been told why, or has cancelled.
   bool Save(bool saveAs);
 

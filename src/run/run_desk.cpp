@@ -61,6 +61,19 @@ bool RunDesk::SaveFirst() {
   return answer != Answer::Yes || view_.SaveProject();
 }
 
+/// A model reads files, not what is being edited: results of an earlier state would not be told
+/// from those of this one.
+bool RunDesk::MayRunOnSavedFiles() {
+  const std::vector<std::string> unsaved = around_.Windows.UnsavedFiles();
+  if (unsaved.empty()) return true;
+  return around_.Screen.ShowMessage(
+             {.Text = fmt::format("There are unsaved changes to:\r\n\r\n{}\r\n\r\nThe run uses "
+                                  "the files as they were last saved, without these changes.",
+                                  fmt::join(unsaved, "\r\n")),
+              .BoxIcon = Icon::Warning,
+              .BoxButtons = Buttons::OkCancel}) == Answer::Ok;
+}
+
 std::string RunDesk::ProjectFile() const {
   const std::string& name = around_.Project.FileName;
   return name.empty() ? name : AbsolutePath(FindFile(name).value_or(name));
@@ -94,6 +107,7 @@ void RunDesk::Choose(int index) {
     LaunchOther(calls.front());  // perhaps while a model runs, whose calls stay
     return;
   }
+  if (!MayRunOnSavedFiles()) return;
   calls_ = std::move(calls);
   projectFile_ = ProjectFile();
   PrepareModels(index);

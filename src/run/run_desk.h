@@ -44,6 +44,7 @@ class RunDesk {
   void Run(const char* routine, const char* form, const std::function<void()>& action);
 
   bool SaveFirst();
+  bool MayRunOnSavedFiles();
   std::string ProjectFile() const;
   void Choose(int index);
   std::vector<ProgramCall> CallsFor(int index);

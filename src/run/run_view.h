@@ -6,6 +6,7 @@
 #include "core/ports/processes.h"
 #include "core/ports/settings.h"
 #include "core/ports/ui.h"
+#include "core/ports/workbench.h"
 #include "model/project_data.h"
 #include "run/monitor_view.h"
 #include "run/programs.h"
@@ -19,6 +20,7 @@ struct RunSurroundings {
   const Settings& Store;
   Processes& Programs;
   Clock& Time;
+  Workbench& Windows;
   std::string ProgramFolder;  ///< where this program lies, and the model programs beside it
 };
 

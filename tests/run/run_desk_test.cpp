@@ -96,6 +96,20 @@ TEST_F(DeskOfRuns, AsksBeforeTheSecondModelWorksOnWhatTheFirstLeft) {
   EXPECT_EQ(monitor.Messages.at(0), line) << "also while the second runs";
 }
 
+TEST_F(DeskOfRuns, NamesTheFilesWhoseChangesTheRunWillNotSee) {
+  workbench.Unsaved = {"x.hnp", "shapes.xsg"};
+  ui.Answers = {Answer::Cancel};
+  desk.RunItem(kRunHydro);
+  EXPECT_EQ(
+      ui.LastMessage(),
+      "There are unsaved changes to:\r\n\r\nx.hnp\r\nshapes.xsg\r\n\r\nThe run uses the files "
+      "as they were last saved, without these changes.");
+  EXPECT_THAT(log, ElementsAre("SaveForm"));
+  ui.Answers = {Answer::Ok};
+  desk.RunItem(kRunHydro);
+  EXPECT_EQ(processes.Started.size(), 1u);
+}
+
 TEST_F(DeskOfRuns, RefusesBeforeAnythingIsDeleted) {
   project.Dirty = true;
   ui.Answers = {Answer::Yes, Answer::Cancel, Answer::Cancel};
@@ -116,7 +130,7 @@ TEST_F(DeskOfRuns, RefusesBeforeAnythingIsDeleted) {
             "Unable to initialize, please make sure that VeskH is not already running.");
   EXPECT_THAT(processes.Started, IsEmpty());
   project.Dirty = false;
-  RunDesk nowhere({project, ui, settings, processes, clock, "/proc"}, *this);
+  RunDesk nowhere({project, ui, settings, processes, clock, workbench, "/proc"}, *this);
   nowhere.RunItem(kRunBoth);
   EXPECT_EQ(ui.LastMessage(),
             "Unable to run a model: nothing can be written to the directory"

@@ -11,6 +11,7 @@
 #include "fake_monitor.h"
 #include "run/exchange_writer.h"
 #include "run/run_desk.h"
+#include "support/fake_ports.h"
 #include "support/fake_run_ports.h"
 #include "support/scripted_ui.h"
 #include "support/temp_folder.h"
@@ -141,8 +142,9 @@ class DeskOfRuns : public testing::Test, protected RunView {
   FakeSettings settings;
   FakeProcesses processes;
   FakeClock clock;
+  FakeWorkbench workbench;
   FakeMonitor monitor;
-  RunDesk desk{{project, ui, settings, processes, clock, folder.Path("bin")}, *this};
+  RunDesk desk{{project, ui, settings, processes, clock, workbench, folder.Path("bin")}, *this};
   std::unique_ptr<ModelFileWriter> writer;
   std::vector<std::string> log;
   std::string control;

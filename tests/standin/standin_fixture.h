@@ -12,6 +12,7 @@
 #include "core/text.h"
 #include "run/fake_monitor.h"
 #include "run/run_desk.h"
+#include "support/fake_ports.h"
 #include "support/posix_processes.h"
 #include "support/scripted_ui.h"
 #include "support/temp_folder.h"
@@ -122,10 +123,11 @@ class StandinRun : public testing::Test, protected RunView {
   FakeSettings settings;
   PosixProcesses processes;
   FastClock clock;
+  FakeWorkbench workbench;
   RunMonitor monitor;
   HydroRunOptions hydroOptions;
   bool letsSlow = false;  ///< a tick without news lengthens more than the next interval
-  RunDesk desk{{project, ui, settings, processes, clock, folder.Path("bin")}, *this};
+  RunDesk desk{{project, ui, settings, processes, clock, workbench, folder.Path("bin")}, *this};
 
  private:
   void Turn() {

@@ -21,6 +21,7 @@ class FakeWorkbench : public Workbench {
   bool Edits = false;
   bool LetRelease = true;
   std::function<void()> OnClose = [] {};
+  std::vector<std::string> Unsaved;
   std::vector<std::string> Notices;
 
   bool OffersEditor(const std::string& kind) const override { return Editors.contains(kind); }
@@ -29,6 +30,7 @@ class FakeWorkbench : public Workbench {
     OnFileEdit();
   }
   bool EditsFile(const std::string& fileName) const override { return Edited.contains(fileName); }
+  std::vector<std::string> UnsavedFiles() override { return Unsaved; }
   bool CloseOtherWindows() override {
     ++Closed;
     OnClose();

@@ -25,10 +25,14 @@ struct FakeEditor : EditorWindow {
     if (FileAlreadyOpen(windowTitle(), Person)) close();
   }
   bool MayClose() override { return !Stays; }
+  std::string FileName() const override { return Name; }
+  bool HasUnsavedChanges() override { return Changed; }
   bool EditsNetwork() const override { return windowTitle().endsWith(".hnp"); }
 
   ScriptedUi& Person;
   bool Stays = false;
+  bool Changed = false;
+  std::string Name;
 };
 
 class WorkbenchTest : public testing::Test {
@@ -96,6 +100,19 @@ TEST_F(WorkbenchTest, ReleasesTheNetworkFromItsEditorOrAsksItself) {
   EXPECT_FALSE(workbench.ReleaseNetwork());
   EXPECT_EQ(ui.LastMessage(), "Save changes to Hydrodynamic input file?");
   EXPECT_TRUE(workbench.ReleaseNetwork() && hydro == HydroInput());
+}
+
+TEST_F(WorkbenchTest, NamesWhatIsNotSavedAndTheNetworkOnce) {
+  OpenAfter("a.hnp");
+  last->Changed = hydro.Dirty = true;
+  hydro.FileName = "a.hnp";
+  OpenAfter("b.xsg");
+  last->Changed = true;
+  last->Name = "shapes/b.xsg";
+  OpenAfter("c.xsg");
+  EXPECT_EQ(workbench.UnsavedFiles(), (std::vector<std::string>{"a.hnp", "shapes/b.xsg"}));
+  workbench.CloseOtherWindows();
+  EXPECT_EQ(workbench.UnsavedFiles(), std::vector<std::string>{"a.hnp"}) << "no window has it";
 }
 
 TEST_F(WorkbenchTest, PlacesEditorsAsTheyStoodAndStopsWhereOneStays) {

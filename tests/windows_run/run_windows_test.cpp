@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 
 #include "run/exchange_writer.h"
+#include "support/fake_ports.h"
 #include "support/fake_run_ports.h"
 #include "support/scripted_ui.h"
 #include "support/temp_folder.h"
@@ -76,18 +77,17 @@ class RunTest : public testing::Test {
 
   TempFolder folder;
   ProjectData project;
-  HydroInput hydro;
   LivelyUi ui;
   FakeSettings settings;
   FakeProcesses processes;
   FakeClock clock;
+  FakeWorkbench workbench;
   QWidget window;
   QWidget* options = nullptr;
   QString caption;
   bool linkageOffered = false;
-  RunWindows runs{{project, ui, settings, processes, clock, folder.Path("bin")},
+  RunWindows runs{{project, ui, settings, processes, clock, workbench, folder.Path("bin")},
                   settings,
-                  hydro,
                   window,
                   {[] { return true; }, [] {}}};
   std::unique_ptr<ModelFileWriter> model;
@@ -110,17 +110,6 @@ TEST_F(RunTest, OptionsMakeTheTails) {
   Choose(kRunBoth, {"optQuickest", "btnCancel"});
   EXPECT_THAT(Tails(),
               ElementsAre("  -LN -FW -S3 -IN -MY -EY -OY -BN", "  -PN -SH -TD -MY -EN -OY -BY"));
-}
-
-TEST_F(RunTest, UnsavedNetworkIsNamedBeforeTheOptions) {
-  hydro.Dirty = true;
-  hydro.FileName = "river.hnp";
-  ui.Answers = {Answer::Cancel, Answer::Ok};
-  runs.RunItem(kRunHydro);
-  EXPECT_THAT(ui.LastMessage(), HasSubstr("There are unsaved changes to river.hnp."));
-  EXPECT_TRUE(Tails().empty());
-  Choose(kRunHydro);
-  EXPECT_EQ(Tails().size(), 1U);
 }
 
 TEST_F(RunTest, MonitorOutlivesTheRunUntilItIsClosed) {

@@ -36,6 +36,10 @@ class Workbench {
   /// Whether an open window edits this file, however its name is spelt.
   virtual bool EditsFile(const std::string& fileName) const = 0;
 
+  /// The files with changes that are not on disk: those of the windows, a cell that is still being
+  /// edited among them, and the network in memory. A file without a name is told by its window.
+  virtual std::vector<std::string> UnsavedFiles() = 0;
+
   /// Closes every window but the project window. False: one of them stayed open.
   virtual bool CloseOtherWindows() = 0;
 

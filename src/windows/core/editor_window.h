@@ -21,6 +21,10 @@ class EditorWindow : public QMainWindow {
   /// The file that is edited; empty for a new one.
   virtual std::string FileName() const { return {}; }
 
+  /// Whether there are changes that are not on disk. A cell that is being edited is taken first;
+  /// one whose text is refused counts as a change.
+  virtual bool HasUnsavedChanges() { return false; }
+
   /// Whether the window edits the network in memory.
   virtual bool EditsNetwork() const { return false; }
 

@@ -127,6 +127,19 @@ bool QtWorkbench::IsOpenElsewhere(const EditRequest& request) const {
   return true;
 }
 
+/// Taking a cell may turn the event loop, and close windows.
+std::vector<std::string> QtWorkbench::UnsavedFiles() {
+  std::vector<std::string> names;
+  for (const QPointer<EditorWindow>& editor : OpenEditors()) {
+    if (!editor || !editor->HasUnsavedChanges() || !editor) continue;
+    const std::string name = editor->FileName();
+    names.push_back(name.empty() ? FromQt(editor->windowTitle()) : name);
+  }
+  if (hydro_.Dirty && !EditsNetwork()) names.push_back(hydro_.FileName);
+  std::ranges::sort(names);
+  return names;
+}
+
 bool QtWorkbench::CloseOtherWindows() {
   const QString spared = projectWindow_ ? projectWindow_->windowTitle() : QString();
   for (const QPointer<QWidget>& window : OpenWindows()) {

@@ -38,6 +38,7 @@ class QtWorkbench : public Workbench {
   void FileEdit(const EditRequest& request) override;
 
   bool EditsFile(const std::string& fileName) const override;
+  std::vector<std::string> UnsavedFiles() override;
   bool CloseOtherWindows() override;
   void RefreshProjectWindow() override;
 

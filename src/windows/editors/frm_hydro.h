@@ -36,6 +36,7 @@ class frmHydro : public EditorWindow, private HydroView {
   void Initialize(const EditRequest& request) override;
   bool EditsNetwork() const override { return desk_.EditsNetwork(); }
   std::string FileName() const override { return desk_.FileName(); }
+  bool HasUnsavedChanges() override { return !EndGridEdits() || desk_.HasChanges(); }
   void LookupsRenamed(const std::string& from, const std::string& to,
                       const std::vector<std::string>& xsects) override;
   void LibrarySaved(const std::string& fileName) override;

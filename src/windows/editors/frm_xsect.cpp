@@ -129,6 +129,10 @@ void frmXSect::Initialize(const EditRequest& request) {
   ui_->cboXSect->setFocus();
 }
 
+bool frmXSect::HasUnsavedChanges() {
+  return !ui_->ssXSect->EndEdit() || desk_.Library().Dirty;
+}
+
 bool frmXSect::MayClose() {
   return ui_->ssXSect->EndEdit() && desk_.QueryUnload();
 }

@@ -24,6 +24,7 @@ class frmXSect : public EditorWindow, private LibraryView {
 
   void Initialize(const EditRequest& request) override;
   std::string FileName() const override { return desk_.Library().FileName; }
+  bool HasUnsavedChanges() override;
 
  private:
   bool MayClose() override;

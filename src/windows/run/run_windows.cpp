@@ -3,8 +3,6 @@
 #include <QShortcut>
 #include <utility>
 
-#include <fmt/format.h>
-
 #include "windows/core/help_window.h"
 #include "windows/core/qt_text.h"
 #include "windows/core/window_placement.h"
@@ -19,11 +17,10 @@ constexpr int kHelpTopic = 15;
 
 }  // namespace
 
-RunWindows::RunWindows(const RunSurroundings& around, Settings& settings, const HydroInput& hydro,
-                       QWidget& projectWindow, ProjectActions actions)
+RunWindows::RunWindows(const RunSurroundings& around, Settings& settings, QWidget& projectWindow,
+                       ProjectActions actions)
     : screen_(around.Screen),
       settings_(settings),
-      hydro_(hydro),
       projectWindow_(projectWindow),
       actions_(std::move(actions)),
       desk_(around, *this) {}
@@ -35,19 +32,6 @@ void RunWindows::OfferHelp(QWidget& window) {
 }
 
 // --- Options
-
-/// A model reads files, not what is being edited: results of an earlier state of the network would
-/// not be told from those of this one.
-bool RunWindows::MayRunOnSavedNetwork() {
-  if (!hydro_.Dirty) return true;
-  const std::string name = hydro_.FileName.empty() ? "the hydrodynamic input" : hydro_.FileName;
-  return screen_.ShowMessage(
-             {.Text = fmt::format("There are unsaved changes to {}.\r\n\r\nThe run uses the file "
-                                  "as it was last saved, without these changes.",
-                                  name),
-              .BoxIcon = Icon::Warning,
-              .BoxButtons = Buttons::OkCancel}) == Answer::Ok;
-}
 
 std::unique_ptr<QDialog> RunWindows::MakeOptions(OptionsWindow window) {
   switch (window) {
@@ -64,7 +48,6 @@ std::unique_ptr<QDialog> RunWindows::MakeOptions(OptionsWindow window) {
 /// The window's own loop ends when the window is hidden, but only once the run that it has started
 /// is through. A monitor that was never shown, or that was closed during the run, goes with it.
 void RunWindows::ShowOptions(OptionsWindow window) {
-  if (!MayRunOnSavedNetwork()) return;
   const std::unique_ptr<QDialog> options = MakeOptions(window);
   options_ = options.get();
   OfferHelp(*options);

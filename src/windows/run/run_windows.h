@@ -20,10 +20,10 @@ struct ProjectActions {
 /// The Run menu and the windows behind it: options, monitor, picture.
 class RunWindows : public RunMenu, private RunView {
  public:
-  /// `hydro` is the network in memory. The project window owns the monitor. All of these outlive
-  /// this, but for the project window, after which no item may be chosen any more.
-  RunWindows(const RunSurroundings& around, Settings& settings, const HydroInput& hydro,
-             QWidget& projectWindow, ProjectActions actions);
+  /// The project window owns the monitor. All of these outlive this, but for the project window,
+  /// after which no item may be chosen any more.
+  RunWindows(const RunSurroundings& around, Settings& settings, QWidget& projectWindow,
+             ProjectActions actions);
   ~RunWindows() override = default;
 
   void RunItem(int index) override { desk_.RunItem(index); }
@@ -41,7 +41,6 @@ class RunWindows : public RunMenu, private RunView {
   void OfferClose() override;
   void ShowSplash(const std::string& picture) override;
 
-  bool MayRunOnSavedNetwork();
   std::unique_ptr<QDialog> MakeOptions(OptionsWindow window);
   frmProgress* MakeMonitor();
   void OfferHelp(QWidget& window);
@@ -49,7 +48,6 @@ class RunWindows : public RunMenu, private RunView {
 
   lomaris::Ui& screen_;
   Settings& settings_;
-  const HydroInput& hydro_;
   QWidget& projectWindow_;
   ProjectActions actions_;
   RunDesk desk_;
