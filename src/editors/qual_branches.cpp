@@ -10,10 +10,6 @@
 namespace lomaris {
 namespace {
 
-// Columns of `ssPlotted`.
-constexpr int kNameCol = 1;
-constexpr int kNetworkNameCol = 2;
-constexpr int kPrintCol = 3;
 constexpr const char* kYes = "Yes";
 
 constexpr const char* kFollowQuestion =
@@ -69,33 +65,34 @@ void QualDesk::ShowEntry(int entry) {
 
 /// The names are those of the file, and beside them the network's, which they should be.
 void QualDesk::FillPlotted() {
-  const std::pair<int, std::string> headings[] = {{kNameCol, "Cross Section"},
-                                                  {kNetworkNameCol, "Name in Hydro-|dynamic Input"},
-                                                  {kPrintCol, "Print?"}};
+  const std::pair<int, std::string> headings[] = {
+      {kPlottedNameCol, "Cross Section"},
+      {kPlottedNetworkNameCol, "Name in Hydro-|dynamic Input"},
+      {kPlottedPrintCol, "Print?"}};
   plotted_.SetRows(plotted_.FixedRows());
-  plotted_.SetCols(kPrintCol + 1);
+  plotted_.SetCols(kPlottedPrintCol + 1);
   plotted_.SetNumberRows(true);
-  plotted_.ReadOnlyCols = kPrintCol - 1;
+  plotted_.ReadOnlyCols = kPlottedPrintCol - 1;
   plotted_.SetColHeadings(headings);
-  plotted_.SetColFormat(kPrintCol, {FormatKind::Choice, "Yes;No"});
+  plotted_.SetColFormat(kPlottedPrintCol, {FormatKind::Choice, "Yes;No"});
   if (branch_ == 0) return;
   const QualBranchRec& record = Qual().Branches[branch_];
   const BranchRec& branch = around_.Hydro.Branches[branch_];
   plotted_.SetRows(plotted_.FixedRows() + record.XSectCount);
   for (int i = 1; i <= record.XSectCount; ++i) {
     const int row = plotted_.FixedRows() + i - 1;
-    plotted_.SetTextMatrix(row, kNameCol, record.XSects[i].Name);
+    plotted_.SetTextMatrix(row, kPlottedNameCol, record.XSects[i].Name);
     if (i <= branch.XSectCount) {
-      plotted_.SetTextMatrix(row, kNetworkNameCol, branch.XSects[i].Name);
+      plotted_.SetTextMatrix(row, kPlottedNetworkNameCol, branch.XSects[i].Name);
     }
-    plotted_.SetTextMatrix(row, kPrintCol, record.XSects[i].Print ? kYes : "No");
+    plotted_.SetTextMatrix(row, kPlottedPrintCol, record.XSects[i].Print ? kYes : "No");
   }
 }
 
 void QualDesk::TakePlotted() {
   QualBranchRec& record = Qual().Branches[branch_];
   for (int i = 1; i <= record.XSectCount; ++i) {
-    const std::string& text = plotted_.TextMatrix(plotted_.FixedRows() + i - 1, kPrintCol);
+    const std::string& text = plotted_.TextMatrix(plotted_.FixedRows() + i - 1, kPlottedPrintCol);
     record.XSects[i].Print = EqualIgnoringCase(text, kYes);
   }
 }

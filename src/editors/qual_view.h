@@ -24,7 +24,6 @@ class QualView {
   /// Of a load, in percent; 100 ends it.
   virtual void ShowProgress(int percent) = 0;
 
-  virtual std::string Caption() const = 0;
   virtual void SetCaption(const std::string& caption) = 0;
 };
 
