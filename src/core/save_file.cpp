@@ -20,6 +20,13 @@ void RememberFolder(Settings& settings, const std::string& fileName) {
   if (!folder.empty() && !extension.empty()) settings.SetValue("BrowseDir", extension, folder);
 }
 
+Answer AskToSaveChanges(const std::string& what, Ui& ui) {
+  return ui.ShowMessage({.Text = "Save changes to " + what + "?",
+                         .Title = "Lomaris",
+                         .BoxIcon = Icon::Question,
+                         .BoxButtons = Buttons::YesNoCancel});
+}
+
 std::string SaveFile(const std::string& filter, const std::string& defaultName, unsigned flags,
                      const std::string& title, const std::string& projectFile, Ui& ui,
                      Settings& settings) {

@@ -15,6 +15,9 @@ std::string DefaultExtension(const std::string& filter);
 /// A name without a folder or an extension is not kept.
 void RememberFolder(Settings& settings, const std::string& fileName);
 
+/// Asks what is to become of the unsaved changes of `what` ("Project"): Yes, No or Cancel.
+Answer AskToSaveChanges(const std::string& what, Ui& ui);
+
 /// Asks for the name to save under; empty when cancelled. `filter` ends in a bar; `flags` of
 /// FileDialogFlag come on top of: prompt before overwriting, the path must exist, tell a different
 /// extension. The dialog starts in the folder of `projectFile`. An answer with another extension

@@ -7,6 +7,7 @@
 #include "core/raised_flag.h"
 #include "core/save_file.h"
 #include "editors/lookup_names.h"
+#include "editors/saving.h"
 #include "editors/step_sheet.h"
 #include "editors/typed_values.h"
 #include "editors/xsect_sheet.h"
@@ -147,7 +148,6 @@ void HydroDesk::EditRecords(std::unique_ptr<OwnRecords>& own) {
 void HydroDesk::KeepAsOpened() {
   asOpened_ = Hydro();
   projectAsOpened_ = Project();
-  file_.Note(asOpened_.FileName, projectAsOpened_.FileName);
 }
 
 void HydroDesk::ShowForm(const HydroForm& form) {
@@ -167,7 +167,7 @@ void HydroDesk::ShowAll() {
 
 bool HydroDesk::MayDropChanges() {
   if (!Hydro().Dirty) return true;
-  const Answer answer = AskToSaveNetwork(around_.Screen);
+  const Answer answer = AskToSaveChanges(kNetworkFile, around_.Screen);
   if (answer == Answer::Yes) return SaveOnTheWay();
   if (answer == Answer::No) GiveUp();
   return answer == Answer::No;
@@ -221,14 +221,6 @@ bool HydroDesk::Save(bool saveAs) {
   return Run("mnuFileSave_Click", [&] { return Write(saveAs); });
 }
 
-/// Empty when the user does not want to save after all.
-std::string HydroDesk::NameToSaveUnder(bool saveAs) {
-  const std::string& name = Hydro().FileName;
-  if (!saveAs && !name.empty()) return name;
-  return SaveFile(around_.SharedTables.FileFilter[kHydroFilter], "*.hnp", 0, "Save As",
-                  Project().FileName, around_.Screen, around_.Store);
-}
-
 /// Takes all that the window shows into the record. False: something was refused.
 bool HydroDesk::TakeAll() {
   HydroInput& hydro = Hydro();
@@ -243,19 +235,18 @@ bool HydroDesk::TakeAll() {
 bool HydroDesk::Write(bool saveAs) {
   HydroInput& hydro = Hydro();
   ProjectData& project = Project();
-  const std::string name = NameToSaveUnder(saveAs);
+  const std::string name = NameToSaveUnder(hydro.FileName, hydro.OnDisk, saveAs, kHydroFilter,
+                                           project.FileName, around_);
   if (name.empty() || !TakeAll()) return false;
   FollowProjectsNames();
   if (own_ && SameFile(around_.Hydro.FileName, name, around_.Project.FileName) &&
       !SaveNetworkFirst(around_.Hydro, around_.Project, around_.Screen)) {
     return false;
   }
-  if (!saveAs && !file_.MayOverwrite(name, project.FileName, around_.Screen)) return false;
   if (!SaveHNPFile(hydro, project, around_.Screen, name)) return false;
   const bool otherLibrary = asOpened_.XSGFile != hydro.XSGFile;
   hydro.HydroLoaded = true;
-  const std::string caption = view_.Caption();
-  view_.SetCaption(caption.substr(0, caption.find('-')) + "- " + name);
+  view_.SetCaption(HydroCaption(name));
   if (std::exchange(project.HydroFile, name) != name) project.Dirty = true;
   if (own_) ForgetSharedCopy(name);
   KeepAsOpened();

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "editors/hydro_view.h"
-#include "editors/opened_file.h"
 #include "editors/surroundings.h"
 #include "model/xsect_library.h"
 #include "spreadsheet/sheet.h"
@@ -127,7 +126,6 @@ class HydroDesk {
   void ShowAll();
   bool Write(bool saveAs);
   void ForgetSharedCopy(const std::string& fileName);
-  std::string NameToSaveUnder(bool saveAs);
   std::string PathOf(const std::string& name) const;
   std::string AskForFile(int slot, const std::string& field);
   bool TakeAll();
@@ -154,7 +152,6 @@ class HydroDesk {
   Sheet results_;
   Sheet xsects_;
   XSectLibrary library_;
-  OpenedFile file_;
   HydroInput asOpened_;          ///< the network as it was opened or saved last
   ProjectData projectAsOpened_;  ///< the project at that moment
   std::vector<int> listed_;      ///< numbers of the branches in `cboBranchH`

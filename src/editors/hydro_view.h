@@ -22,7 +22,6 @@ class HydroView {
   /// Fills `cboBranchH` and selects an entry, -1 for none.
   virtual void ShowBranchList(const std::vector<std::string>& names, int selected) = 0;
 
-  virtual std::string Caption() const = 0;
   virtual void SetCaption(const std::string& caption) = 0;
 };
 

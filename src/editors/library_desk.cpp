@@ -7,6 +7,7 @@
 #include "core/files.h"
 #include "core/raised_flag.h"
 #include "core/save_file.h"
+#include "editors/saving.h"
 #include "editors/typed_values.h"
 #include "model/xsg_file.h"
 
@@ -114,7 +115,6 @@ bool LibraryDesk::Open(const std::string& fileName) {
     if (!LoadXSGFile(loaded, around_.Project, around_.Screen, fileName)) return false;
     library_ = std::move(loaded);
     renames_.clear();
-    file_.Note(fileName, around_.Project.FileName);
     view_.SetCaption(LibraryCaption(fileName));
     const RaisedFlag ownChange(showing_);
     view_.ShowTitle(JoinedTitle(library_));
@@ -217,23 +217,16 @@ bool LibraryDesk::SelectEntry(int entry) {
 
 bool LibraryDesk::Write(bool saveAs) {
   const ProjectData& project = around_.Project;
-  std::string name = library_.FileName;
-  if (saveAs || name.empty()) {
-    name = SaveFile(around_.SharedTables.FileFilter[kLibraryFilter], "*.xsg", 0, "Save As",
-                    around_.Project.FileName, around_.Screen, around_.Store);
-  }
+  const std::string name = NameToSaveUnder(library_.FileName, library_.OnDisk, saveAs,
+                                           kLibraryFilter, project.FileName, around_);
   if (name.empty() || !TakeEntry()) return false;
-  if (name == library_.FileName) {
-    if (!file_.MayOverwrite(name, project.FileName, around_.Screen)) return false;
-  } else if (around_.Windows.EditsFile(name) &&
-             !SameFile(name, library_.FileName, project.FileName)) {
+  if (around_.Windows.EditsFile(name) && !SameFile(name, library_.FileName, project.FileName)) {
     around_.Screen.ShowMessage({.Text = kOpenOnce});
     return false;
   }
   TakeTitle(library_, view_.Title());
   if (!SaveXSGFile(library_, around_.Project, around_.Screen, name)) return false;
   view_.SetCaption(LibraryCaption(name));
-  file_.Note(name, project.FileName);
   SaveRenames();
   around_.Windows.LibrarySaved(name);
   return true;
@@ -246,11 +239,7 @@ bool LibraryDesk::Save(bool saveAs) {
 bool LibraryDesk::QueryUnload() {
   return Run("Form_QueryUnload", [&] {
     if (!library_.Dirty) return true;
-    const Answer answer =
-        around_.Screen.ShowMessage({.Text = "Save changes to Cross Section Library?",
-                                    .Title = "Lomaris",
-                                    .BoxIcon = Icon::Question,
-                                    .BoxButtons = Buttons::YesNoCancel});
+    const Answer answer = AskToSaveChanges("Cross Section Library", around_.Screen);
     if (answer == Answer::No) TakeRenamesBack(true);
     return answer == Answer::Yes ? Write(false) : answer == Answer::No;
   });

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "editors/opened_file.h"
 #include "editors/surroundings.h"
 #include "model/xsect_library.h"
 #include "spreadsheet/sheet.h"
@@ -130,9 +129,8 @@ class LibraryDesk {
   XSectLibrary library_;
   std::vector<Renamed> renames_;  ///< those of the network that the library on disk does not have
   bool networkWasSaved_ = false;  ///< before the first of them
-  OpenedFile file_;
-  int number_ = 0;        ///< of the entry on view; 0 for none
-  bool showing_ = false;  ///< what changes in the window now is our own doing
+  int number_ = 0;                ///< of the entry on view; 0 for none
+  bool showing_ = false;          ///< what changes in the window now is our own doing
 };
 
 }  // namespace lomaris

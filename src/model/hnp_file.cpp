@@ -219,6 +219,7 @@ bool LoadHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::str
   HydroInput loaded;
   ProjectData named = project;
   named.BCFilesH.Resize(kMostBranches);
+  loaded.OnDisk = StampOf(*path);
   std::set<int> numbers;
   const bool read = ReadInputFile(*path, name, ui, [&](ReaderState& in) {
     ReadHead(in, loaded, ui);
@@ -247,6 +248,7 @@ bool SaveHNPFile(HydroInput& hydro, ProjectData& project, Ui& ui, const std::str
   if (!WriteInputFile(name, project.FileName, "SaveHNPFile", ui, format)) return false;
   hydro.Dirty = false;
   hydro.FileName = name;
+  hydro.OnDisk = StampOf(name, project.FileName);
   hydro.XSectCount = TotalXSects(hydro);
   TakeNames(project, hydro);
   return true;

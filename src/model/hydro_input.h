@@ -5,6 +5,7 @@
 
 #include "core/bounded_array.h"
 #include "core/dates.h"
+#include "core/files.h"
 #include "model/project_data.h"
 
 namespace lomaris {
@@ -82,6 +83,7 @@ struct HydroInput {
   std::int16_t XSectCount = 0;  ///< of all branches; summed anew at every load and save
   std::int16_t BranchCount = 0;
   BoundedArray<BranchRec> Branches{1, kMostBranches};
+  FileStamp OnDisk = {};  ///< the file as it was read or written last
 
   bool operator==(const HydroInput&) const = default;
 };

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include "core/error_report.h"
-#include "core/files.h"
 
 namespace lomaris {
 namespace {
@@ -82,6 +81,20 @@ bool WriteInputFile(const std::string& name, const std::string& projectFile,
     written = true;
   });
   return written;
+}
+
+bool MayOverwrite(const std::string& name, const FileStamp& known, const std::string& projectFile,
+                  Ui& ui) {
+  const FileStamp now = StampOf(name, projectFile);
+  if (now == FileStamp() || now == known) return true;
+  return ui.ShowMessage({.Text = "File " + name +
+                                 " has been changed since it was opened here, by another window or "
+                                 "another program.\r\n\r\nDo you want to replace what it says "
+                                 "now?",
+                         .Title = "Warning",
+                         .BoxIcon = Icon::Warning,
+                         .BoxButtons = Buttons::YesNo,
+                         .DefaultAnswer = Answer::No}) == Answer::Yes;
 }
 
 }  // namespace lomaris

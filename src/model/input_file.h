@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/files.h"
 #include "core/numbers.h"
 #include "core/ports/ui.h"
 #include "core/reader_state.h"
@@ -46,6 +47,11 @@ bool ReadInputFile(const std::string& path, const std::string& name, Ui& ui,
 bool WriteInputFile(const std::string& name, const std::string& projectFile,
                     const std::string& routine, Ui& ui,
                     const std::function<std::optional<std::string>()>& format);
+
+/// Asks before a save would put away what others have written to a file since it was as `known`
+/// tells. False: it is to stay.
+bool MayOverwrite(const std::string& name, const FileStamp& known, const std::string& projectFile,
+                  Ui& ui);
 
 /// `count` when it lies within 0 to `most`; else error 9.
 template <class Count>

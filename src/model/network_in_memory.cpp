@@ -1,7 +1,9 @@
 #include "model/network_in_memory.h"
 
 #include "core/files.h"
+#include "core/save_file.h"
 #include "model/hnp_file.h"
+#include "model/input_file.h"
 
 namespace lomaris {
 namespace {
@@ -18,6 +20,7 @@ void TakeProjectsNames(HydroInput& hydro, const ProjectData& project) {
 
 /// The names of a network that the project no longer names do not go into it.
 bool Save(HydroInput& hydro, ProjectData& project, Ui& ui) {
+  if (!MayOverwrite(hydro.FileName, hydro.OnDisk, project.FileName, ui)) return false;
   ProjectData other = project;
   const bool ofProject = SameFile(hydro.FileName, project.HydroFile, project.FileName);
   if (ofProject) TakeProjectsNames(hydro, project);
@@ -38,16 +41,9 @@ NetworkState LoadNetwork(HydroInput& hydro, ProjectData& project, Ui& ui, Workbe
   return loaded ? NetworkState::Loaded : NetworkState::Missing;
 }
 
-Answer AskToSaveNetwork(Ui& ui) {
-  return ui.ShowMessage({.Text = "Save changes to Hydrodynamic input file?",
-                         .Title = "Lomaris",
-                         .BoxIcon = Icon::Question,
-                         .BoxButtons = Buttons::YesNoCancel});
-}
-
 bool SaveNetworkFirst(HydroInput& hydro, ProjectData& project, Ui& ui) {
   if (!hydro.Dirty) return true;
-  const Answer answer = AskToSaveNetwork(ui);
+  const Answer answer = AskToSaveChanges(kNetworkFile, ui);
   if (answer == Answer::Yes) return Save(hydro, project, ui);
   if (answer == Answer::No) hydro = HydroInput();
   return answer == Answer::No;

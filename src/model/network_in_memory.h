@@ -18,12 +18,13 @@ enum class NetworkState {
 /// already; a network without a file of the project stays. A missing file is no network here.
 NetworkState LoadNetwork(HydroInput& hydro, ProjectData& project, Ui& ui, Workbench& windows);
 
-/// Asks what is to become of the unsaved changes of a network: Yes, No or Cancel.
-Answer AskToSaveNetwork(Ui& ui);
+/// What a network is called where its unsaved changes are asked about.
+inline constexpr const char* kNetworkFile = "Hydrodynamic input file";
 
 /// Before a network that no window edits goes out of memory: asks about its unsaved changes, where
 /// it has any, and saves it under its name, with the names that the project has by now for its
-/// other files. Changes that are given up leave memory with it. False: it has to stay.
+/// other files, and not over what others have written to its file without asking. Changes that are
+/// given up leave memory with it. False: it has to stay.
 bool SaveNetworkFirst(HydroInput& hydro, ProjectData& project, Ui& ui);
 
 }  // namespace lomaris

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/bounded_array.h"
+#include "core/files.h"
 
 namespace lomaris {
 
@@ -32,6 +33,7 @@ struct XSectLibrary {
   BoundedArray<std::string> Title{1, 3};  ///< title lines, kept as they are
   std::int32_t XSectCount = 0;
   BoundedArray<LibrarySection> XSects;  ///< 1 to XSectCount
+  FileStamp OnDisk = {};                ///< the file as it was read or written last
 
   bool operator==(const XSectLibrary&) const = default;
 };

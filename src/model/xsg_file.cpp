@@ -116,6 +116,7 @@ bool LoadXSGFile(XSectLibrary& library, const ProjectData& project, Ui& ui,
 
   XSectLibrary loaded;
   loaded.FileName = name;
+  loaded.OnDisk = StampOf(*path);
   const bool read =
       ReadInputFile(*path, name, ui, [&](ReaderState& in) { return ReadLibrary(in, loaded, ui); });
   if (read) library = std::move(loaded);
@@ -129,6 +130,7 @@ bool SaveXSGFile(XSectLibrary& library, const ProjectData& project, Ui& ui,
   if (!WriteInputFile(name, project.FileName, "SaveXSGFile", ui, format)) return false;
   library.Dirty = false;
   library.FileName = name;
+  library.OnDisk = StampOf(name, project.FileName);
   return true;
 }
 

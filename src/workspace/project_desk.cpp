@@ -74,10 +74,7 @@ void ProjectDesk::MarkDirty() {
 
 bool ProjectDesk::SaveFirst() {
   if (!around_.Project.Dirty) return true;
-  const Answer answer = around_.Screen.ShowMessage({.Text = "Save changes to Project?",
-                                                    .Title = "Lomaris",
-                                                    .BoxIcon = Icon::Question,
-                                                    .BoxButtons = Buttons::YesNoCancel});
+  const Answer answer = AskToSaveChanges("Project", around_.Screen);
   if (answer == Answer::Yes) return WriteProject(false);
   return answer == Answer::No;
 }

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 
+#include "core/ports/settings.h"
 #include "core/ports/workbench.h"
 
 namespace lomaris {
@@ -38,6 +39,19 @@ class EditorWindow : public QMainWindow {
   void Closing();
 
  protected:
+  /// Gives Ctrl and a key to whichever control of a window has the focus.
+  using KeySender = void (*)(const QWidget& window, int key);
+
+  /// At the end of the constructor, when all controls are there: gives the form what all editors
+  /// have. These entries of its menus, which go by their object names, get their icons and do what
+  /// they say: `mnuFileSave`, `mnuFileSaveAs`, `mnuFileSaveClose`, `mnuFileClose`, `mnuEditUndo`,
+  /// `mnuEditRedo`, `mnuEditCut`, `mnuEditCopy`, `mnuEditPaste`, `mnuHelpContents`,
+  /// `mnuHelpWhatsThis`.
+  void CompleteForm(int helpTopic, Settings& store, KeySender sendToFocus);
+
+  /// Saves the file. False: not saved; the user has been told why, or has cancelled.
+  virtual bool Save(bool /*saveAs*/) { return true; }
+
   /// Whether the window may close: asks about unsaved changes.
   virtual bool MayClose() { return true; }
 

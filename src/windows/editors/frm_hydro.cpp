@@ -9,16 +9,15 @@
 #include <utility>
 
 #include "model/file_names.h"
-#include "windows/core/kept_selection.h"
-#include "windows/core/menu_status.h"
 #include "windows/core/qt_dates.h"
 #include "windows/core/qt_text.h"
 #include "windows/core/qt_workbench.h"
-#include "windows/core/whats_this.h"
 #include "windows/editors/ui_frm_hydro.h"
 
 namespace lomaris {
 namespace {
+
+constexpr int kHelpTopic = 13;
 
 struct TextField {
   const char* Control;
@@ -91,9 +90,7 @@ frmHydro::frmHydro(const EditorSurroundings& around)
   for (QTabWidget* tabs : {ui_->SSTabMainH, ui_->SSTabBranchH}) {
     tabs->tabBar()->installEventFilter(this);
   }
-  SubscribeMenuStatus(*this);
-  ApplyWhatsThis(*this);
-  KeepSelectionInMenus(*this);
+  CompleteForm(kHelpTopic, around_.Store, Spreadsheet::SendToFocus);
 }
 
 /// The grids go before their sheets do.
@@ -245,10 +242,6 @@ void frmHydro::ShowForm(const HydroForm& form) {
   shown_ = form;
   ui_->txtDescriptionH->document()->setModified(false);
   SetFileButtons();
-}
-
-std::string frmHydro::Caption() const {
-  return FromQt(windowTitle());
 }
 
 void frmHydro::SetCaption(const std::string& caption) {

@@ -42,6 +42,7 @@ class frmHydro : public EditorWindow, private HydroView {
   void LibrarySaved(const std::string& fileName) override;
 
  protected:
+  bool Save(bool saveAs) override;
   bool MayClose() override;
   void changeEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -70,7 +71,6 @@ class frmHydro : public EditorWindow, private HydroView {
   BranchForm Branch() const override;
   void ShowBranch(const BranchForm& form) override;
   void ShowBranchList(const std::vector<std::string>& names, int selected) override;
-  std::string Caption() const override;
   void SetCaption(const std::string& caption) override;
 
   void SetUpGrids();
@@ -99,7 +99,6 @@ class frmHydro : public EditorWindow, private HydroView {
   /// False: an edit under way was refused, and its editor is still open.
   bool EndGridEdits();
   bool MayTurnPage(const QObject* watched, QEvent::Type type);
-  bool Save(bool saveAs);
   /// Does what takes the cells of the branch on view.
   void WithBranch(void (HydroDesk::*action)());
 

@@ -1,8 +1,5 @@
 // The menus, tool bar and buttons of the hydrodynamic editor.
 
-#include <QWhatsThis>
-
-#include "windows/core/help_window.h"
 #include "windows/core/themed_icon.h"
 #include "windows/editors/frm_hydro.h"
 #include "windows/editors/ui_frm_hydro.h"
@@ -10,17 +7,11 @@
 namespace lomaris {
 namespace {
 
-constexpr int kHelpTopic = 13;
 constexpr const char* kSection = "HNPStartup";
 constexpr const char* kShowProfileKey = "ShowProfile";
 
 constexpr ActionIcon kActionIcons[] = {
-    {"mnuFileSave", "save"},       {"mnuFileSaveAs", "save_as"},
-    {"mnuFileClose", "close"},     {"mnuEditCut", "cut"},
-    {"mnuEditCopy", "copy"},       {"mnuEditPaste", "paste"},
-    {"mnuHelpContents", "help"},   {"mnuHelpWhatsThis", "whats_this"},
-    {"mnuBCFPopupItem0", "edit"},  {"mnuBCFPopupItem1", "open"},
-    {"mnuBCFPopupItem2", "create"}};
+    {"mnuBCFPopupItem0", "edit"}, {"mnuBCFPopupItem1", "open"}, {"mnuBCFPopupItem2", "create"}};
 
 }  // namespace
 
@@ -38,26 +29,12 @@ void frmHydro::ConnectMenus() {
   const auto offer = [this](QAction* action, auto handler) {
     connect(action, &QAction::triggered, this, handler);
   };
-  offer(ui_->mnuFileSave, [this] { Save(false); });
-  offer(ui_->mnuFileSaveAs, [this] { Save(true); });
-  offer(ui_->mnuFileSaveClose, [this] {
-    if (Save(false)) close();
-  });
-  offer(ui_->mnuFileClose, [this] { close(); });
-  // These two only show their keys: who has the focus takes them on its own.
-  offer(ui_->mnuEditUndo, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_Z); });
-  offer(ui_->mnuEditRedo, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_Y); });
-  offer(ui_->mnuEditCut, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_X); });
-  offer(ui_->mnuEditCopy, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_C); });
-  offer(ui_->mnuEditPaste, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_V); });
   offer(ui_->mnuEditAddBranch, [this] { WithBranch(&HydroDesk::AddBranch); });
   offer(ui_->mnuEditDeleteBranch, [this] { WithBranch(&HydroDesk::DeleteBranch); });
   offer(ui_->mnuEditRenameBranch, [this] { desk_.RenameBranch(); });
   connect(ui_->btnAddBranch, &QPushButton::clicked, ui_->mnuEditAddBranch, &QAction::trigger);
   connect(ui_->btnDeleteBranch, &QPushButton::clicked, ui_->mnuEditDeleteBranch, &QAction::trigger);
   connect(ui_->btnRenameBranch, &QPushButton::clicked, ui_->mnuEditRenameBranch, &QAction::trigger);
-  offer(ui_->mnuHelpContents, [this] { ShowHelpContents(kHelpTopic, around_.Store); });
-  offer(ui_->mnuHelpWhatsThis, [] { QWhatsThis::enterWhatsThisMode(); });
   ui_->mnuViewProfile->setChecked(around_.Store.Value(kSection, kShowProfileKey, "1") == "1");
   ui_->plotProfile->setVisible(ui_->mnuViewProfile->isChecked());
   offer(ui_->mnuViewProfile, [this](bool visible) { ShowPicture(visible); });
@@ -95,5 +72,4 @@ void frmHydro::ShowPopup(QToolButton* button, bool isUpstream) {
   mnuBCFPopup_->popup(button->mapToGlobal(button->rect().bottomLeft()));
 }
 
-/// To the control with the focus, as if typed there; a grid has ways of its own with them.
 }  // namespace lomaris

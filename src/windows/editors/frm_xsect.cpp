@@ -2,16 +2,11 @@
 
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QWhatsThis>
 #include <map>
 
-#include "windows/core/help_window.h"
-#include "windows/core/kept_selection.h"
-#include "windows/core/menu_status.h"
 #include "windows/core/qt_text.h"
 #include "windows/core/qt_workbench.h"
 #include "windows/core/themed_icon.h"
-#include "windows/core/whats_this.h"
 #include "windows/editors/frm_add_xsect.h"
 #include "windows/editors/ui_frm_xsect.h"
 
@@ -23,14 +18,11 @@ constexpr int kTitleLines = 3;
 constexpr const char* kSection = "XSGStartup";
 constexpr const char* kShowDrawing = "ShowDrawing";
 
-constexpr ActionIcon kActionIcons[] = {
-    {"mnuFileSave", "save"},           {"mnuFileSaveAs", "save_as"},
-    {"mnuFileClose", "close"},         {"mnuEditCut", "cut"},
-    {"mnuEditCopy", "copy"},           {"mnuEditPaste", "paste"},
-    {"mnuEditAdd", "create"},          {"mnuEditDelete", "remove"},
-    {"mnuEditRename", "edit"},         {"mnuViewPrevious", "back"},
-    {"mnuViewNext", "forward"},        {"mnuHelpContents", "help"},
-    {"mnuHelpWhatsThis", "whats_this"}};
+constexpr ActionIcon kActionIcons[] = {{"mnuEditAdd", "create"},
+                                       {"mnuEditDelete", "remove"},
+                                       {"mnuEditRename", "edit"},
+                                       {"mnuViewPrevious", "back"},
+                                       {"mnuViewNext", "forward"}};
 
 /// So that a field shows so many lines, with room for the last one's descent.
 int HeightOfLines(const QPlainTextEdit& field, int lines) {
@@ -50,9 +42,7 @@ frmXSect::frmXSect(const EditorSurroundings& around)
   ConnectGrid();
   ui_->mnuViewDrawing->setChecked(around_.Store.Value(kSection, kShowDrawing, "1") != "0");
   EnableEntry();
-  SubscribeMenuStatus(*this);
-  ApplyWhatsThis(*this);
-  KeepSelectionInMenus(*this);
+  CompleteForm(kHelpTopic, around_.Store, Spreadsheet::SendToFocus);
 }
 
 /// The grid goes before its sheet does.
@@ -69,24 +59,11 @@ void frmXSect::ConnectMenus() {
   const auto offer = [this](QAction* action, auto handler) {
     connect(action, &QAction::triggered, this, handler);
   };
-  offer(ui_->mnuFileSave, [this] { Save(false); });
-  offer(ui_->mnuFileSaveAs, [this] { Save(true); });
-  offer(ui_->mnuFileSaveClose, [this] {
-    if (Save(false)) close();
-  });
-  offer(ui_->mnuFileClose, [this] { close(); });
-  offer(ui_->mnuEditUndo, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_Z); });
-  offer(ui_->mnuEditRedo, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_Y); });
-  offer(ui_->mnuEditCut, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_X); });
-  offer(ui_->mnuEditCopy, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_C); });
-  offer(ui_->mnuEditPaste, [this] { Spreadsheet::SendToFocus(*this, Qt::Key_V); });
   Offer(ui_->mnuEditAdd, &LibraryDesk::Add);
   Offer(ui_->mnuEditDelete, &LibraryDesk::Delete);
   Offer(ui_->mnuEditRename, &LibraryDesk::Rename);
   offer(ui_->mnuViewPrevious, [this] { ui_->cboXSect->setCurrentIndex(entry_ - 1); });
   offer(ui_->mnuViewNext, [this] { ui_->cboXSect->setCurrentIndex(entry_ + 1); });
-  offer(ui_->mnuHelpContents, [this] { ShowHelpContents(kHelpTopic, around_.Store); });
-  offer(ui_->mnuHelpWhatsThis, [] { QWhatsThis::enterWhatsThisMode(); });
   connect(ui_->mnuViewDrawing, &QAction::toggled, this, &frmXSect::ShowDrawing);
   connect(ui_->mnuViewSameScale, &QAction::toggled, ui_->picXSect, &SectionDrawing::SetSameScale);
 }

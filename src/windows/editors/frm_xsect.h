@@ -27,6 +27,7 @@ class frmXSect : public EditorWindow, private LibraryView {
   bool HasUnsavedChanges() override;
 
  private:
+  bool Save(bool saveAs) override;
   bool MayClose() override;
 
   std::string Title() const override;
@@ -45,7 +46,6 @@ class frmXSect : public EditorWindow, private LibraryView {
 
   /// What an entry on the form does, once the cell that is being edited has been taken.
   void Offer(QAction* action, void (LibraryDesk::*routine)());
-  bool Save(bool saveAs);
   void SelectEntry(int entry);
   void EnableEntry();
   void FollowGrid();
