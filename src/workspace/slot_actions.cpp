@@ -9,6 +9,7 @@
 #include "core/text.h"
 #include "import/browse_file.h"
 #include "model/file_names.h"
+#include "workspace/attached_file.h"
 #include "workspace/file_slots.h"
 #include "workspace/project_desk.h"
 #include "workspace/shell_document.h"
@@ -156,6 +157,10 @@ void ProjectDesk::SelectExisting(std::size_t slot) {
     if (chosen.empty()) return;
     PutIntoSlot(form, slot, chosen.front());
     ShowChanged(form);
+    EditRequest attached = RequestFor(form, slot);
+    attached.FileName = chosen.front();
+    LookAtAttachedFile(attached, around_.Hydro, around_.Project, around_.SharedTables,
+                       around_.Screen);
   });
 }
 

@@ -213,6 +213,41 @@ TEST_F(DeskTest, PutsASelectedBoundaryFileInItsRow) {
   EXPECT_EQ(project.MetFiles[1], "new.met");
 }
 
+TEST_F(DeskTest, LooksAtAFileThatASlotHasGot) {
+  std::filesystem::copy(LOMARIS_EXAMPLES "/three_branches", folder.Path("."));
+  const std::string head = "1\r\n2\r\n3\r\n";
+  folder.Write("far.lat", head + "1 1 0 0\r\n501\r\n");
+  folder.Write("broken.wit", head + "1 some 0\r\n");
+  folder.Write("new.pow", "");
+  constexpr std::size_t kLatSlot = 2, kWitSlot = 3, kPowSlot = 7;
+  const std::tuple<std::size_t, const char*, const char*> rows[] = {
+      {kLatSlot, "corvane_loads.lat", ""},
+      {kBoundarySlotH, "corvane_gage.bcf", ""},
+      {kMetSlot, "corvane_weather.met", ""},
+      {kPowSlot, "new.pow", ""},
+      {kLatSlot, "far.lat",
+       "Node number 501 was found in this auxiliary file. This is outside the range of node "
+       "numbers found in the HNP file (1 to 41)."},
+      {kWitSlot, "broken.wit", "Following error occurred on line 5 of file "},
+      {kBoundarySlotQ, "corvane_gage.bcf",
+       "The Hydro file indicates that this is not a rating table boundary, however"}};
+  ASSERT_TRUE(desk.OpenProject(folder.Path("three_branches.prj")));
+  ui.Answers = {Answer::Cancel};
+  desk.SelectExisting(kLatSlot);  // warns, once
+  for (const auto& [slot, name, message] : rows) {
+    ui.Messages.clear();
+    ui.Files = {{folder.Path(name)}};
+    desk.SelectExisting(slot);
+    ASSERT_EQ(ui.Messages.size(), *message == '\0' ? 0u : 1u) << name;
+    if (*message != '\0') {
+      EXPECT_THAT(ui.LastMessage(), StartsWith(message));
+    }
+  }
+  EXPECT_EQ(project.LatFileH, folder.Path("far.lat")) << "the choice is the user's";
+  EXPECT_EQ(project.BCFilesQ[2].Upstream, folder.Path("corvane_gage.bcf"));
+  EXPECT_FALSE(hydro.HydroLoaded) << "the network is read aside";
+}
+
 TEST_F(DeskTest, FindsTheOutputBesideTheInput) {
   ASSERT_TRUE(desk.OpenProject(WriteProject("one.prj", "hnp_runs\\one.hnp")));
   desk.OpenOutputFile(1);
