@@ -14,6 +14,7 @@
 #include "windows/core/qt_workbench.h"
 #include "windows/core/startup.h"
 #include "windows/editors/frm_hydro.h"
+#include "windows/editors/frm_qual.h"
 #include "windows/editors/frm_xsect.h"
 #include "windows/run/run_windows.h"
 #include "windows/workspace/frm_project.h"
@@ -24,6 +25,7 @@ namespace {
 struct SharedRecords {
   lomaris::ProjectData Project;
   lomaris::HydroInput Hydro;
+  lomaris::QualInput Qual;
   lomaris::Tables Names;
   lomaris::EditorSession Session;
 };
@@ -31,6 +33,7 @@ struct SharedRecords {
 void AddEditors(lomaris::QtWorkbench& workbench, const lomaris::EditorSurroundings& around) {
   using lomaris::Instances;
   workbench.AddEditor("HNP", Instances::One, [around] { return new lomaris::frmHydro(around); });
+  workbench.AddEditor("QNP", Instances::One, [around] { return new lomaris::frmQual(around); });
   workbench.AddEditor("XSG", Instances::Many, [around] { return new lomaris::frmXSect(around); });
 }
 
@@ -53,10 +56,10 @@ int main(int, char** argv) {
   lomaris::QtShell shell;
   SharedRecords records;
   lomaris::QtWorkbench workbench(records.Hydro, records.Project, ui, settings);
-  AddEditors(workbench, {records.Project, records.Hydro, records.Names, records.Session, ui,
-                         settings, workbench});
-
   const std::string folder = QCoreApplication::applicationDirPath().toStdString();
+  AddEditors(workbench, {records.Project, records.Hydro, records.Qual, records.Names,
+                         records.Session, ui, settings, workbench, folder});
+
   lomaris::QtProcesses processes;
   lomaris::SteadyClock clock;
   const lomaris::RunSurroundings around{records.Project, ui,        settings, processes,

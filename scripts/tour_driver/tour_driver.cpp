@@ -27,6 +27,7 @@
 #include "windows/core/qt_workbench.h"
 #include "windows/core/whats_this.h"
 #include "windows/editors/frm_hydro.h"
+#include "windows/editors/frm_qual.h"
 #include "windows/editors/frm_xsect.h"
 #include "windows/run/run_windows.h"
 #include "windows/spreadsheet/spreadsheet.h"
@@ -122,6 +123,28 @@ QWidget* ShowTheNetwork(QtWorkbench& workbench, Album& album) {
   return window;
 }
 
+/// Each page of the water quality editor.
+void ShowTheQualityPages(QWidget& window, Album& album, const QString& suffix) {
+  auto* tabs = window.findChild<QTabWidget*>("SSTabMainQ");
+  for (int page = 0; page < tabs->count(); ++page) {
+    tabs->setCurrentIndex(page);
+    album.Keep(&window, "quality_" + tabs->widget(page)->objectName().mid(3).toLower() + suffix);
+  }
+}
+
+QWidget* ShowTheQuality(QtWorkbench& workbench, Album& album) {
+  workbench.FileEdit({.FileName = "corvane_quality.qnp"});
+  QWidget* window = WindowNamed("frmQual");
+  window->resize(kWindowSize);
+  ShowTheQualityPages(*window, album, "");
+  auto* byXSect = window->findChild<QCheckBox*>("chkXSectKinetics");
+  byXSect->setChecked(true);
+  TurnTo(*window, "SSTabMainQ", 4);
+  album.Keep(window, "quality_xsect_turned");
+  byXSect->setChecked(false);
+  return window;
+}
+
 QWidget* ShowTheLibrary(QtWorkbench& workbench, Album& album) {
   workbench.FileEdit({.FileName = "corvane_shapes.xsg"});
   QWidget* window = WindowNamed("frmXSect");
@@ -130,13 +153,15 @@ QWidget* ShowTheLibrary(QtWorkbench& workbench, Album& album) {
   return window;
 }
 
-void ShowInTheDark(QWidget& project, QWidget& network, QWidget& library, Album& album) {
+void ShowInTheDark(QWidget& project, QWidget& network, QWidget& quality, QWidget& library,
+                   Album& album) {
   QApplication::setPalette(DarkPalette());
   album.Keep(&project, "project_dark");
   album.Keep(HelpWindow(), "help_dark");
   album.Keep(&network, "grid_chart_dark");
   TurnTo(network, "SSTabMainH", 0);
   album.Keep(&network, "hydro_run_dark");
+  ShowTheQualityPages(quality, album, "_dark");
   album.Keep(&library, "library_dark");
 }
 
@@ -145,11 +170,13 @@ void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
   QtShell shell;
   ProjectData data;
   HydroInput hydro;
+  QualInput qual;
   QtWorkbench workbench(hydro, data, ui, settings);
   const Tables tables = InitTables(ui);
   EditorSession session;
-  const EditorSurroundings around{data, hydro, tables, session, ui, settings, workbench};
+  const EditorSurroundings around{data, hydro, qual, tables, session, ui, settings, workbench};
   workbench.AddEditor("HNP", Instances::One, [around] { return new frmHydro(around); });
+  workbench.AddEditor("QNP", Instances::One, [around] { return new frmQual(around); });
   workbench.AddEditor("XSG", Instances::Many, [around] { return new frmXSect(around); });
 
   auto* splash = new frmSplash;  // deletes itself when it is closed
@@ -177,8 +204,9 @@ void Tour(lomaris::Ui& ui, const std::string& project, Album& album) {
 
   ShowTheRun(window, ui, settings, album, "");
   QWidget* network = ShowTheNetwork(workbench, album);
+  QWidget* quality = ShowTheQuality(workbench, album);
   QWidget* library = ShowTheLibrary(workbench, album);
-  ShowInTheDark(window, *network, *library, album);
+  ShowInTheDark(window, *network, *quality, *library, album);
   ShowTheRun(window, ui, settings, album, "_dark");
   HelpWindow()->close();
   workbench.CloseOtherWindows();

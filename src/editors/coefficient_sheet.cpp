@@ -291,7 +291,7 @@ void CoefficientSheet::Derive() {
 
 std::string CoefficientSheet::Description(int row, int col) const {
   const auto spot = SpotAt(row, col);
-  if (!spot) return {};
+  if (!spot) return derive_ ? derivedHeading_ + ", which follows from the coefficients" : "";
   const KineticParameter& each = Parameter(spot->Line);
   std::string text = each.Name;
   if (!each.Mnemonic.empty()) text += fmt::format(" ({})", each.Mnemonic);

@@ -79,7 +79,7 @@ class CoefficientSheet {
   /// Brings what is derived up to date; after an edit in this grid it is.
   void Derive();
 
-  /// The parameter of a cell in words; empty for a cell that has none.
+  /// The parameter of a cell in words, or what is derived; empty for a cell that has neither.
   std::string Description(int row, int col) const;
 
   /// What is to be said of a value that is not typical. Empty for one that is, and for the default,
