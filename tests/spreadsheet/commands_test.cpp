@@ -89,6 +89,8 @@ std::string NoSeries(const std::string& first) {
          " before a series can be created.";
 }
 
+const std::string kNoSeriesKind =
+    "Error: You can only create series in columns containing uppercase text, dates or numbers.";
 const std::string kAskHours = "Series: Enter the number of hours between values in the series: [1]";
 const std::string kAskStep = "Series: Enter the number to increment values in the series: [1]";
 const std::string kAskFactor = "Multiply: Enter the number to multiply each cell by: [1]";
@@ -109,38 +111,15 @@ struct CommandCase {
 } const kCommands[] = {
     {Fill, Text, "a,b|c,d", {2, 2, 1, 1}, "", "a,a|a,a", ""},
     {Fill, Text, "a|b|c|d|e", {2, 1, 5, 1}, "", "a|b|b|d|b", ""},
-    {Series,
-     DateTime,
-     "12/31/97 23:00||",
-     {1, 1, 3, 1},
-     "1.5",
-     "12/31/97 23:00|01/01/98 00:30|01/01/98 02:00",
-     kAskHours},
+    {Series, DateTime, "1/1/97|", {1, 1, 2, 1}, "36", "01/01/97 00:00|01/02/97 12:00", kAskHours},
     {Series, DateTime, "12/31/97|", {1, 1, 2, 1}, " ", "", kAskHours},
     {Series, DateTime, "12/31/97|", {1, 1, 2, 1}, "x", "", kNoNumber},
     {Series, DateTime, "7/1|", {1, 1, 2, 1}, "", "", NoSeries("valid date")},
     {Series, DateTime, "7/1/97,7/1/97|,", {1, 1, 2, 2}, "", "", NoSeries("valid date")},
     {Series, Number, "1.5|||x|", {1, 1, 5, 1}, "-0.1", "1.5|1.4|1.3|x|1.1", kAskStep},
     {Series, Number, "x|", {1, 1, 2, 1}, "", "", NoSeries("valid number")},
-    {Series, UpperText, "XS8||", {1, 1, 3, 1}, "", "XS8|XS9|XS10", ""},
-    {Series, UpperText, "XS009||", {1, 1, 3, 1}, "", "XS009|XS010|XS011", ""},
-    {Series, UpperText, "XS||", {1, 1, 3, 1}, "", "XS|XS1|XS2", ""},
-    {Series, NumberedText, "a1b099|", {1, 1, 2, 1}, "", "a1b099|a1b100", ""},
-    {Series,
-     NumberedText,
-     "99999999999999999999|",
-     {1, 1, 2, 1},
-     "",
-     "99999999999999999999|100000000000000000000",
-     ""},
     {Series, UpperText, "|", {1, 1, 2, 1}, "", "", NoSeries("non-empty text value")},
-    {Series,
-     Choice,
-     "1|",
-     {1, 1, 2, 1},
-     "",
-     "",
-     "Error: You can only create series in columns containing uppercase text, dates or numbers."},
+    {Series, Choice, "1|", {1, 1, 2, 1}, "", "", kNoSeriesKind},
     {Multiply, Number, "1,x|0.1,|1E3,05-01", {1, 1, 3, 2}, "3", "3,x|0.3,|3000,05-01", kAskFactor},
     {Multiply, Number, "1", {1, 1, 1, 1}, "x", "", kNoNumber},
     {Multiply, Number, "1", {1, 1, 1, 1}, "", "", kAskFactor},
@@ -197,6 +176,20 @@ TEST_F(SheetTest, CommandsChangeTheCellsAsOneStepAndSaySo) {
     EXPECT_EQ(box, row.Box);
     sheet_.Undo();
     EXPECT_EQ(All(), row.Before);
+  }
+}
+
+TEST_F(SheetTest, ASeriesOfTextsCountsTheNumberAtTheirEnd) {
+  const std::tuple<FormatKind, const char*, const char*> rows[] = {
+      {UpperText, "XS8||", "XS8|XS9|XS10"},
+      {UpperText, "XS009||", "XS009|XS010|XS011"},
+      {UpperText, "XS||", "XS|XS1|XS2"},
+      {NumberedText, "a1b099|", "a1b099|a1b100"},
+      {NumberedText, "99999999999999999999|", "99999999999999999999|100000000000000000000"}};
+  for (const auto& [kind, before, after] : rows) {
+    Set(before, kind);
+    Run(Series, {1, 1, sheet_.Rows() - 1, 1});
+    EXPECT_EQ(All(), after);
   }
 }
 
