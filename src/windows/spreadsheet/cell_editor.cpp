@@ -165,12 +165,12 @@ bool CellEditor::Store() {
          sheet_.EndEdit(place_.Row, place_.Col, FromQt(choice_->currentText()));
 }
 
-/// A text that was only looked at is checked, but not stored: the control may not have shown it as
-/// it is. A cell is one line of one cell.
+/// A text that was only looked at is stored from the cell: the control may not have shown it as it
+/// is. A cell is one line of one cell.
 bool CellEditor::StoreText() {
   if (text_->text() == textBefore_) {
-    const Format& format = sheet_.FormatOf(place_.Row, place_.Col);
-    return CheckedText(format, sheet_.TextMatrix(place_.Row, place_.Col)).has_value();
+    return sheet_.EndEdit(place_.Row, place_.Col,
+                          std::string(sheet_.TextMatrix(place_.Row, place_.Col)));
   }
   QString text = text_->text().replace("\r\n", " ");
   for (const char separator : {'\t', '\r', '\n'}) text.replace(separator, ' ');
