@@ -29,6 +29,32 @@ struct Format {
   bool operator==(const Format&) const = default;
 };
 
+/// Where a text stands between the edges of its cell.
+enum class Alignment {
+  General,  ///< numbers at the right, other texts at the left, heads in the middle
+  Left,
+  Center,
+  Right,
+};
+
+/// What a cell has of its own.
+struct CellStyle {
+  Format Own = {};                       ///< of kind 0: that of its column holds
+  Alignment Align = Alignment::General;  ///< General: that of its column holds
+  bool Bold = false;
+
+  bool operator==(const CellStyle&) const = default;
+};
+
+/// What the cells of a column have in common.
+struct ColStyle {
+  Format Cells = {};
+  Alignment Align = Alignment::General;
+  Alignment Heads = Alignment::General;  ///< of its fixed cells
+
+  bool operator==(const ColStyle&) const = default;
+};
+
 /// A cell whose date is what its text says.
 inline constexpr ModelDateTime kNoDate = std::numeric_limits<ModelDateTime>::lowest();
 

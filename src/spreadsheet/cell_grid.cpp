@@ -56,24 +56,27 @@ std::size_t CellGrid::Index(int row, int col) const {
   return RowIndex(row) * static_cast<std::size_t>(cols_) + ColIndex(col);
 }
 
-Format CellGrid::OwnFormat(int row, int col) const {
-  const auto own = formats_.find({row, col});
-  return own == formats_.end() ? Format{} : own->second;
+CellStyle CellGrid::StyleOf(int row, int col) const {
+  Index(row, col);
+  const auto own = styles_.find({row, col});
+  return own == styles_.end() ? CellStyle{} : own->second;
 }
 
-void CellGrid::SetOwnFormat(int row, int col, Format format) {
+void CellGrid::SetStyle(int row, int col, CellStyle style) {
   Index(row, col);
-  if (format.Kind == FormatKind::Text) {
-    formats_.erase({row, col});
+  if (style == CellStyle{}) {
+    styles_.erase({row, col});
   } else {
-    formats_.insert_or_assign({row, col}, std::move(format));
+    styles_.insert_or_assign({row, col}, std::move(style));
   }
 }
 
 const Format& CellGrid::FormatOf(int row, int col) const {
-  if (formats_.empty()) return ColFormat(col);
-  const auto own = formats_.find({row, col});
-  return own == formats_.end() ? ColFormat(col) : own->second;
+  const Format& ofCol = StyleOf(col).Cells;
+  if (styles_.empty()) return ofCol;
+  const auto own = styles_.find({row, col});
+  const bool differs = own != styles_.end() && own->second.Own.Kind != FormatKind::Text;
+  return differs ? own->second.Own : ofCol;
 }
 
 void CellGrid::CheckPut(Axis axis, int first, int count) const {
@@ -97,19 +100,19 @@ CellLines CellGrid::BlankLines(Axis axis, int count) const {
   if (axis == Axis::Rows) {
     lines.RowLocks.resize(size);
   } else {
-    lines.ColFormats.resize(size);
+    lines.ColStyles.resize(size);
   }
   return lines;
 }
 
-void CellGrid::MoveFormats(Axis axis, int first, int by) {
-  std::map<CellPlace, Format> moved;
-  for (auto& [place, format] : formats_) {
+void CellGrid::MoveStyles(Axis axis, int first, int by) {
+  std::map<CellPlace, CellStyle> moved;
+  for (auto& [place, style] : styles_) {
     CellPlace target = place;
     if (LineOf(target, axis) >= first) LineOf(target, axis) += by;
-    moved.emplace_hint(moved.end(), target, std::move(format));
+    moved.emplace_hint(moved.end(), target, std::move(style));
   }
-  formats_ = std::move(moved);
+  styles_ = std::move(moved);
 }
 
 void CellGrid::TakeCells(Axis axis, int first, CellLines& lines) {
@@ -132,23 +135,23 @@ void CellGrid::TakeCells(Axis axis, int first, CellLines& lines) {
 CellLines CellGrid::Take(Axis axis, int first, int count) {
   CheckTake(axis, first, count);
   CellLines lines{.Count = count};
-  for (auto own = formats_.begin(); own != formats_.end();) {
+  for (auto own = styles_.begin(); own != styles_.end();) {
     CellPlace place = own->first;
     int& line = LineOf(place, axis);
     line -= first;
     const bool taken = line >= 0 && line < count;
-    if (taken) lines.Formats.emplace(place, std::move(own->second));
-    own = taken ? formats_.erase(own) : std::next(own);
+    if (taken) lines.Styles.emplace(place, std::move(own->second));
+    own = taken ? styles_.erase(own) : std::next(own);
   }
-  MoveFormats(axis, first + count, -count);
+  MoveStyles(axis, first + count, -count);
   TakeCells(axis, first, lines);
   if (axis == Axis::Rows) {
     lines.RowLocks =
         TakeRange(rowLocks_, static_cast<std::size_t>(first), static_cast<std::size_t>(count));
     rows_ -= count;
   } else {
-    lines.ColFormats =
-        TakeRange(colFormats_, static_cast<std::size_t>(first), static_cast<std::size_t>(count));
+    lines.ColStyles =
+        TakeRange(colStyles_, static_cast<std::size_t>(first), static_cast<std::size_t>(count));
     cols_ -= count;
   }
   return lines;
@@ -179,18 +182,18 @@ void CellGrid::PutCells(Axis axis, int first, CellLines& lines) {
 
 void CellGrid::Put(Axis axis, int first, CellLines lines) {
   CheckPut(axis, first, lines.Count);
-  MoveFormats(axis, first, lines.Count);
+  MoveStyles(axis, first, lines.Count);
   PutCells(axis, first, lines);
-  for (auto& [place, format] : lines.Formats) {
+  for (auto& [place, style] : lines.Styles) {
     CellPlace target = place;
     LineOf(target, axis) += first;
-    formats_.insert_or_assign(target, std::move(format));
+    styles_.insert_or_assign(target, std::move(style));
   }
   if (axis == Axis::Rows) {
     PutRange(rowLocks_, static_cast<std::size_t>(first), lines.RowLocks);
     rows_ += lines.Count;
   } else {
-    PutRange(colFormats_, static_cast<std::size_t>(first), lines.ColFormats);
+    PutRange(colStyles_, static_cast<std::size_t>(first), lines.ColStyles);
     cols_ += lines.Count;
   }
 }

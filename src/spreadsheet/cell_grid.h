@@ -13,15 +13,15 @@ namespace lomaris {
 struct CellLines {
   int Count = 0;
   std::vector<Cell> Cells = {};  ///< row by row
-  std::map<CellPlace, Format> Formats = {};
-  std::vector<char> RowLocks = {};      ///< of rows
-  std::vector<Format> ColFormats = {};  ///< of columns
+  std::map<CellPlace, CellStyle> Styles = {};
+  std::vector<char> RowLocks = {};       ///< of rows
+  std::vector<ColStyle> ColStyles = {};  ///< of columns
 
   bool operator==(const CellLines&) const = default;
 };
 
-/// The content of a table: texts, formats, locked rows. It knows nothing of who may change what.
-/// A row or column outside it is run-time error 9.
+/// The content of a table: texts, formats and looks, locked rows. It knows nothing of who may
+/// change what. A row or column outside it is run-time error 9.
 class CellGrid {
  public:
   int Rows() const { return rows_; }
@@ -30,12 +30,11 @@ class CellGrid {
   const Cell& At(int row, int col) const { return cells_[Index(row, col)]; }
   Cell& At(int row, int col) { return cells_[Index(row, col)]; }
 
-  const Format& ColFormat(int col) const { return colFormats_[ColIndex(col)]; }
-  Format& ColFormat(int col) { return colFormats_[ColIndex(col)]; }
+  const ColStyle& StyleOf(int col) const { return colStyles_[ColIndex(col)]; }
+  ColStyle& StyleOf(int col) { return colStyles_[ColIndex(col)]; }
 
-  /// The cell's own format; of kind 0 where the column's holds.
-  Format OwnFormat(int row, int col) const;
-  void SetOwnFormat(int row, int col, Format format);
+  CellStyle StyleOf(int row, int col) const;
+  void SetStyle(int row, int col, CellStyle style);
 
   /// The format that holds for a cell.
   const Format& FormatOf(int row, int col) const;
@@ -62,16 +61,16 @@ class CellGrid {
   std::size_t RowIndex(int row) const;
   std::size_t ColIndex(int col) const;
   int Lines(Axis axis) const { return axis == Axis::Rows ? rows_ : cols_; }
-  void MoveFormats(Axis axis, int first, int by);
+  void MoveStyles(Axis axis, int first, int by);
   void TakeCells(Axis axis, int first, CellLines& lines);
   void PutCells(Axis axis, int first, CellLines& lines);
 
   int rows_ = 0;
   int cols_ = 0;
-  std::vector<Cell> cells_;              // row by row
-  std::map<CellPlace, Format> formats_;  // only cells that differ from their column
+  std::vector<Cell> cells_;                // row by row
+  std::map<CellPlace, CellStyle> styles_;  // only cells that differ from their column
   std::vector<char> rowLocks_;
-  std::vector<Format> colFormats_;
+  std::vector<ColStyle> colStyles_;
 };
 
 }  // namespace lomaris

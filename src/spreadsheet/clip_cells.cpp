@@ -35,17 +35,23 @@ std::string ClipCell(std::string_view text) {
   return kQuote + ReplaceAll(text, "\"", "\"\"") + kQuote;
 }
 
-std::string PastedText(std::string_view clipboard) {
-  std::string text;
-  text.reserve(clipboard.size());
-  for (std::size_t i = 0; i < clipboard.size(); ++i) {
-    const bool behindReturn = i > 0 && clipboard[i - 1] == '\r';
-    if (clipboard[i] != '\n') {
-      text += clipboard[i];
+std::string WithReturns(std::string_view text) {
+  if (text.find('\n') == std::string_view::npos) return std::string(text);
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool behindReturn = i > 0 && text[i - 1] == '\r';
+    if (text[i] != '\n') {
+      result += text[i];
     } else if (!behindReturn) {
-      text += '\r';
+      result += '\r';
     }
   }
+  return result;
+}
+
+std::string PastedText(std::string_view clipboard) {
+  std::string text = WithReturns(clipboard);
   if (text.ends_with('\r')) text.pop_back();
   return text;
 }

@@ -9,11 +9,13 @@ namespace lomaris {
 /// doubled, where it holds a tab, a line break or a quote. Other spreadsheet programs do the same.
 std::string ClipCell(std::string_view text);
 
-/// The clipboard's text with one carriage return for each line break, whichever program put it
-/// there, and none at its end.
+/// A text with one carriage return for each line break, whichever program made it.
+std::string WithReturns(std::string_view text);
+
+/// The clipboard's text as `WithReturns` gives it, without a line break at its end.
 std::string PastedText(std::string_view clipboard);
 
-/// The cells of a text that `PastedText` gave, one after the other: tabs between the cells of a
+/// The cells of a text that `WithReturns` gave, one after the other: tabs between the cells of a
 /// row, carriage returns between rows. Quotes hold a cell together as `ClipCell` sets them; others
 /// are part of the text. An empty text has one cell.
 class ClipCells {

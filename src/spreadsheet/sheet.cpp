@@ -5,6 +5,8 @@
 #include "core/raised_flag.h"
 #include "core/text.h"
 #include "spreadsheet/cell_checks.h"
+#include "spreadsheet/clip_cells.h"
+#include "spreadsheet/sheet_queries.h"
 
 namespace lomaris {
 namespace {
@@ -72,16 +74,6 @@ void Sheet::SetCell(int row, int col, Cell cell) {
   }
   std::get<CellWrites>(changes.back())
       .push_back({{row, col}, std::exchange(target, std::move(cell))});
-}
-
-void Sheet::SetColFormat(int col, Format format) {
-  grid_.ColFormat(col) = std::move(format);
-  Refresh(false);
-}
-
-void Sheet::SetCellFormat(int row, int col, Format format) {
-  grid_.SetOwnFormat(row, col, std::move(format));
-  Refresh(false);
 }
 
 void Sheet::SetReadOnlyRow(int row, bool readOnly) {
@@ -160,6 +152,21 @@ void Sheet::Select(const Selection& selection) {
   } else if (selected_.Whole == Axis::Cols) {
     selected_.Row = fixedRows_;
     selected_.RowSel = std::max(fixedRows_, Rows() - 1);
+  }
+}
+
+std::string Sheet::Clip() const {
+  return ClipText(*this, SelectedArea());
+}
+
+void Sheet::SetClip(std::string_view text) {
+  const CellArea area = SelectedArea();
+  const std::string rows = WithReturns(text);
+  CellPlace at{area.Top, area.Left};
+  for (ClipCells cells(rows); cells.More() && at.Row <= area.Bottom;) {
+    const std::string_view piece = cells.Next();
+    if (at.Col <= area.Right) SetTextMatrix(at.Row, at.Col, ClipCells::CellOf(piece));
+    at = cells.AtRowEnd() ? CellPlace{at.Row + 1, area.Left} : CellPlace{at.Row, at.Col + 1};
   }
 }
 

@@ -88,10 +88,25 @@ class Sheet {
   /// One more row at the end, its texts separated by tabs from the first column on.
   void AddItem(std::string_view texts);
 
+  FormatKind ColFormat(int col) const { return grid_.StyleOf(col).Cells.Kind; }
+  const std::string& ColFormatList(int col) const { return grid_.StyleOf(col).Cells.List; }
   void SetColFormat(int col, Format format);
   /// Kind 0: the column's format holds.
+  FormatKind CellFormat(int row, int col) const { return grid_.StyleOf(row, col).Own.Kind; }
+  std::string CellFormatList(int row, int col) const { return grid_.StyleOf(row, col).Own.List; }
   void SetCellFormat(int row, int col, Format format);
+  /// The one that holds for a cell.
   const Format& FormatOf(int row, int col) const { return grid_.FormatOf(row, col); }
+
+  /// Of a cell that has none of its own it is that of its column, of a head the one of the column's
+  /// heads.
+  Alignment CellAlignment(int row, int col) const;
+  void SetCellAlignment(int row, int col, Alignment alignment);
+  void SetColAlignment(int col, Alignment alignment);
+  Alignment FixedAlignment(int col) const { return grid_.StyleOf(col).Heads; }
+  void SetFixedAlignment(int col, Alignment alignment);
+  bool CellFontBold(int row, int col) const { return grid_.StyleOf(row, col).Bold; }
+  void SetCellFontBold(int row, int col, bool bold);
 
   bool ReadOnlyRow(int row) const { return grid_.RowLocked(row); }
   void SetReadOnlyRow(int row, bool readOnly);
@@ -113,6 +128,12 @@ class Sheet {
   void Select(const Selection& selection);
   void SelectArea(const CellArea& area) { Select({area.Top, area.Left, area.Bottom, area.Right}); }
 
+  /// The texts of the selected cells as the clipboard takes them: tabs between the cells of a row,
+  /// a line break between rows. A text that is set fills the selection from its corner on,
+  /// read-only cells as well; what does not fit is lost, and cells that it does not reach stay.
+  std::string Clip() const;
+  void SetClip(std::string_view text);
+
   /// Lines of empty cells before line `first`, or lines taken out. For rows the owner is asked
   /// first: false when it cancels, and nothing has changed.
   bool InsertLines(Axis axis, int first, int count);
@@ -132,6 +153,8 @@ class Sheet {
 
  private:
   void SetLines(Axis axis, int count);
+  template <class Change>
+  void ChangeStyle(int row, int col, Change&& change);
   void CheckLines(const LineChange& change) const;
   void ApplyLines(LineChange& change, bool insert);
   void RecordLines(LineChange change);

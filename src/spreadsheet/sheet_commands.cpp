@@ -156,7 +156,7 @@ void SheetCommands::WriteAll(const CellArea& area, const Cell& cell) {
 void SheetCommands::Copy() {
   const CellArea area = sheet_.SelectedArea();
   if (area.Empty()) return;
-  const std::string text = ClipText(sheet_, area);
+  const std::string text = sheet_.Clip();
   copied_ = {};
   for (int row = area.Top; row <= area.Bottom; ++row) {
     for (int col = area.Left; col <= area.Right; ++col) {
@@ -215,13 +215,8 @@ void SheetCommands::Paste() {
 }
 
 void SheetCommands::PasteBlock(std::string_view text, const DatedCells& dates) {
+  sheet_.SetClip(text);
   const CellArea area = sheet_.SelectedArea();
-  CellPlace at{area.Top, area.Left};
-  for (ClipCells cells(text); cells.More() && at.Row <= area.Bottom;) {
-    const std::string_view piece = cells.Next();
-    if (at.Col <= area.Right) sheet_.SetTextMatrix(at.Row, at.Col, ClipCells::CellOf(piece));
-    at = cells.AtRowEnd() ? CellPlace{at.Row + 1, area.Left} : CellPlace{at.Row, at.Col + 1};
-  }
   for (const auto& [place, cell] : dates) {
     const CellPlace target{area.Top + place.Row, area.Left + place.Col};
     if (target.Row > area.Bottom || target.Col > area.Right) continue;

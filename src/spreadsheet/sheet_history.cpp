@@ -17,7 +17,7 @@ std::size_t BytesOf(const SheetChange& change) {
     for (const CellWrite& write : *writes) bytes += BytesOf(write.Other);
   } else {
     const CellLines& lines = std::get<LineChange>(change).Lines;
-    bytes = lines.Cells.capacity() * sizeof(Cell) + lines.Formats.size() * sizeof(Format) * 2;
+    bytes = lines.Cells.capacity() * sizeof(Cell) + lines.Styles.size() * sizeof(CellStyle) * 2;
     for (const Cell& cell : lines.Cells) bytes += BytesOf(cell);
   }
   return bytes;

@@ -6,6 +6,7 @@
 
 #include "core/error_of.h"
 #include "spreadsheet/cell_checks.h"
+#include "spreadsheet/format_string.h"
 #include "spreadsheet/sheet_fixture.h"
 
 namespace lomaris {
@@ -71,6 +72,44 @@ TEST_F(SheetTest, KeepsFormatsAndNumbersWithTheirRowsAndColumns) {
   EXPECT_EQ(ErrorOf([&] { sheet_.SetTextMatrix(7, 0, ""); }), 9);
   EXPECT_EQ(ErrorOf([&] { sheet_.SetRows(2'000'000'000); }), 7);
   EXPECT_EQ(sheet_.Rows(), 7);
+}
+
+TEST_F(SheetTest, LooksMoveWithTheirCellsAndComeBackWithThem) {
+  Set("a,b|c,d|e,f");
+  sheet_.SetFixedAlignment(2, Alignment::Right);
+  sheet_.SetColAlignment(2, Alignment::Center);
+  sheet_.SetCellAlignment(2, 2, Alignment::Left);
+  sheet_.SetCellFontBold(2, 2, true);
+  sheet_.SetCellFormat(2, 2, {Choice, "x;y"});
+  sheet_.SetCellFormat(2, 2, {});
+  ASSERT_TRUE(sheet_.DeleteLines(Axis::Rows, 2, 1) && sheet_.DeleteLines(Axis::Cols, 2, 1));
+  ASSERT_TRUE(sheet_.Undo() && sheet_.Undo() && sheet_.InsertLines(Axis::Rows, 1, 1));
+  EXPECT_EQ(sheet_.CellAlignment(0, 2), Alignment::Right);
+  EXPECT_EQ(sheet_.CellAlignment(1, 2), Alignment::Center);
+  EXPECT_EQ(sheet_.CellAlignment(3, 2), Alignment::Left);
+  EXPECT_TRUE(sheet_.CellFontBold(3, 2) && !sheet_.CellFontBold(2, 2));
+  EXPECT_EQ(sheet_.FormatOf(3, 2).Kind, Text);
+}
+
+TEST_F(SheetTest, AClipFillsTheSelection) {
+  Set("a,b,c|d,e,f|g,h,i");
+  sheet_.SelectArea({2, 2, 3, 3});
+  EXPECT_EQ(sheet_.Clip(), "e\tf\r\nh\ti");
+  sheet_.SetClip("1\t2\t3\r\n4\r5");
+  EXPECT_EQ(All(), "a,b,c|d,1,2|g,4,i");
+}
+
+TEST_F(SheetTest, AFormatStringNamesAndAlignsItsColumns) {
+  Set("a|b");
+  sheet_.SetNumberRows(true);
+  SetHeads(sheet_, ReadFormatString("|>Depth|^;|||Last"));
+  EXPECT_EQ(Block({0, 0, 3, 2}), ",Depth,|1,a,|2,b,|Last,,");
+  EXPECT_EQ(sheet_.CellAlignment(1, 1), Alignment::Right);
+  EXPECT_EQ(sheet_.FixedAlignment(2), Alignment::Center);
+  sheet_ = Sheet(0, 0, 0, 0);
+  SetHeads(sheet_, ReadFormatString("a|b"));
+  EXPECT_EQ(Block({0, 0, 0, 1}), "a,b");
+  SetHeads(sheet_, ReadFormatString(""));
 }
 
 TEST_F(SheetTest, ReadOnlyRangesBeginBehindTheFixedOnes) {

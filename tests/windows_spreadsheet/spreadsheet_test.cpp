@@ -315,6 +315,70 @@ TEST_F(Table, AHeadChoosesAWholeColumnOfASingleRow) {
   EXPECT_TRUE(sheet.Cols() == 6 && view->columnWidth(1) == wide) << "widths move along";
 }
 
+TEST_F(Table, SizesAreKeptForTheirLines) {
+  table->SetColWidth(2, 77);
+  table->SetRowHeight(2, 55);
+  QTest::mousePress(view->horizontalHeader()->viewport(), Qt::LeftButton, {},
+                    {view->columnWidth(0), 5});
+  QTest::mouseMove(view->horizontalHeader()->viewport(), {view->columnWidth(0) + 30, 5});
+  QTest::mouseRelease(view->horizontalHeader()->viewport(), Qt::LeftButton, {}, {0, 5});
+  const int dragged = table->ColWidth(1);
+  EXPECT_NE(dragged, table->ColWidth(4));
+  ASSERT_TRUE(sheet.InsertLines(Axis::Cols, 1, 1) && sheet.InsertLines(Axis::Rows, 1, 1));
+  EXPECT_EQ(table->ColWidth(1), table->ColWidth(5));
+  EXPECT_EQ(table->ColWidth(2), dragged);
+  EXPECT_EQ(table->ColWidth(3), 77);
+  EXPECT_TRUE(table->RowHeight(3) == 55 && table->RowHeight(2) < 55);
+  sheet.DeleteLines(Axis::Rows, 3, 1);
+  EXPECT_LT(table->RowHeight(3), 55);
+  table->SetRowHeight(0, 60);
+  EXPECT_EQ(table->RowHeight(0), 60);
+}
+
+TEST_F(Table, AFormGivesATableItsPropertiesBeforeItsSheet) {
+  Spreadsheet form;
+  const QMap<QString, QVariant> given = {{"FixedCols", 2},
+                                         {"FixedRows", 3},
+                                         {"Cols", 5},
+                                         {"Rows", 10},
+                                         {"NumberRows", true},
+                                         {"FormatString", "|>Q"},
+                                         {"ScrollBars", 0},
+                                         {"AllowUserResizing", 2},
+                                         {"BorderStyle", 0},
+                                         {"BackStyle", 0},
+                                         {"WordWrap", true},
+                                         {"WhatsThisHelpID", 14},
+                                         {"Enabled", false},
+                                         {"ToolTipTextGrid", "t"},
+                                         {"ReverseY2", true},
+                                         {"XLabels", 2},
+                                         {"BackColor", QColor(Qt::yellow)},
+                                         {"ForeColor", QColor(Qt::blue)},
+                                         {"Font", QFont("x", 20)}};
+  const auto differing = [&] {
+    QString names;
+    for (const QString& name : given.keys()) {
+      if (form.property(name.toLatin1()) != given[name]) names += name;
+    }
+    return names;
+  };
+  for (const QString& name : given.keys()) form.setProperty(name.toLatin1(), given[name]);
+  EXPECT_EQ(differing(), "");
+  Sheet own;
+  form.Attach(own, ui, settings, copied);
+  EXPECT_EQ(differing(), "");
+  EXPECT_EQ(own.TextMatrix(0, 1) + own.TextMatrix(9, 0), "Q7");
+  auto* grid = form.findChild<QTableView*>();
+  EXPECT_TRUE(grid->wordWrap() && grid->frameShape() == QFrame::NoFrame);
+  EXPECT_EQ(grid->verticalHeader()->sectionResizeMode(0), QHeaderView::Interactive);
+  EXPECT_EQ(grid->horizontalHeader()->sectionResizeMode(0), QHeaderView::Fixed);
+  EXPECT_EQ(grid->palette().color(QPalette::Base), QColor(Qt::yellow));
+  ASSERT_TRUE(own.InsertLines(Axis::Rows, 10, 1));
+  form.setProperty("Cols", 6);
+  EXPECT_EQ(own.Rows(), 11) << "what the form gave is not given again";
+}
+
 TEST_F(Table, TheChartTakesTheMenusKeysAndMakesWayForACell) {
   sheet.SetTextMatrix(2, kNumber, "1");
   table->setProperty("ChartType", 2);

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 namespace lomaris {
@@ -39,6 +40,37 @@ bool IsCurrent(const QStyleOptionViewItem& option, const QModelIndex& index) {
   return view != nullptr && view->currentIndex() == index;
 }
 
+QFont FontOf(const CellLook& look, const QStyleOptionViewItem& option) {
+  QFont font = option.font;
+  if (look.Bold) font.setBold(true);
+  return font;
+}
+
+/// Of a text with more lines than its cell has room for, whole lines from its beginning.
+void DrawLines(QPainter& painter, QRect place, int alignment, const QString& text) {
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int flags = alignment | Qt::TextWordWrap;
+  if (metrics.boundingRect(place, flags, text).height() <= place.height()) {
+    painter.drawText(place, flags | Qt::AlignVCenter, text);
+    return;
+  }
+  const QPoint middle = place.center();
+  place.setHeight(std::max(1, place.height() / metrics.lineSpacing()) * metrics.lineSpacing());
+  place.moveCenter(middle);
+  painter.drawText(place, flags | Qt::AlignTop, text);
+}
+
+void DrawText(QPainter& painter, const CellLook& look, const QStyleOptionViewItem& option) {
+  const QRect place = option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
+  const auto alignment = static_cast<int>(ToQt(look.Align));
+  if ((option.features & QStyleOptionViewItem::WrapText) != 0) {
+    DrawLines(painter, place, alignment, look.Text);
+    return;
+  }
+  const QString text = painter.fontMetrics().elidedText(look.Text, Qt::ElideRight, place.width());
+  painter.drawText(place, alignment | Qt::AlignVCenter | Qt::TextSingleLine, text);
+}
+
 void DrawCorner(QPainter& painter, const QRect& cell) {
   const QPoint corner = cell.topRight();
   painter.save();
@@ -69,11 +101,9 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const bool selected = (option.state & QStyle::State_Selected) != 0 && !current;
   painter->fillRect(option.rect, GroundOf(look, selected, option.palette, group));
   if (!look.Text.isEmpty()) {
-    const QRect place = option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
     painter->setPen(option.palette.color(group, look.Head ? QPalette::ButtonText : QPalette::Text));
-    const auto alignment = look.Number ? Qt::AlignRight : Qt::AlignLeft;
-    const QString text = option.fontMetrics.elidedText(look.Text, Qt::ElideRight, place.width());
-    painter->drawText(place, alignment | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    painter->setFont(FontOf(look, option));
+    DrawText(*painter, look, option);
   }
   if (!look.Mark.isEmpty()) DrawCorner(*painter, option.rect);
   if (current) {
@@ -82,8 +112,9 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 }
 
 QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  const QString text = model_.LookOf(model_.PlaceOf(index)).Text;
-  return {option.fontMetrics.horizontalAdvance(text) + 2 * kCellMargin + 2,
+  const CellLook look = model_.LookOf(model_.PlaceOf(index));
+  const QFontMetrics metrics(FontOf(look, option));
+  return {metrics.horizontalAdvance(look.Text) + 2 * kCellMargin + 2,
           option.fontMetrics.height() + kCellMargin};
 }
 

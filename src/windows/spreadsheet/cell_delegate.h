@@ -6,9 +6,9 @@
 
 namespace lomaris {
 
-/// Paints the cells of a table in the colours of its palette: numbers to the right, read-only cells
-/// greyed, heads like heads, and a tint with a corner for a cell in which something is wrong. Cells
-/// are edited elsewhere.
+/// Paints the cells of a table in the colours of its palette: read-only cells greyed, heads like
+/// heads, and a tint with a corner for a cell in which something is wrong. Cells are edited
+/// elsewhere.
 class CellDelegate : public QStyledItemDelegate {
   Q_OBJECT
 

@@ -4,22 +4,12 @@
 #include <QCoreApplication>
 #include <QHeaderView>
 #include <QVBoxLayout>
-#include <cmath>
-#include <limits>
 
 #include "core/error_report.h"
 #include "core/raised_flag.h"
-#include "windows/core/qt_text.h"
 #include "windows/spreadsheet/cell_delegate.h"
 
 namespace lomaris {
-namespace {
-
-constexpr int kRowRoom = 6;  // pixels between the text of a row and its lines
-constexpr double kHeadRoom = 1.2;
-constexpr int kNoColumn = std::numeric_limits<int>::max();
-
-}  // namespace
 
 GridView::GridView(Sheet& sheet, Ui& screen, Settings& settings, SheetCommands& commands,
                    QWidget* parent)
@@ -36,9 +26,9 @@ GridView::GridView(Sheet& sheet, Ui& screen, Settings& settings, SheetCommands& 
   setSelectionMode(ContiguousSelection);
   setAutoScroll(false);  // a head's whole line must not scroll to its first cell
   setHorizontalScrollMode(ScrollPerPixel);
-  setWordWrap(false);
   setAttribute(Qt::WA_InputMethodEnabled);
   setAccessibleName(tr("Table"));
+  SetLook({});
   SetUpHeads();
   SetUpShortcuts();
   FitToFont();
@@ -51,8 +41,6 @@ GridView::GridView(Sheet& sheet, Ui& screen, Settings& settings, SheetCommands& 
 }
 
 void GridView::SetUpHeads() {
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
   horizontalHeader()->setAccessibleName(tr("Column heads"));
   verticalHeader()->setAccessibleName(tr("Row heads"));
   auto* layout = new QVBoxLayout(corner_->parentWidget());
@@ -64,70 +52,15 @@ void GridView::SetUpHeads() {
     head->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(head, &QWidget::customContextMenuRequested, this,
             [this, head](const QPoint& place) { OpenMenuOnHead(head->orientation(), place); });
+    connect(head, &QHeaderView::sectionResized, this, [this, head](int section, int, int size) {
+      if (!sizing_) KeepSize(head->orientation(), section, size);
+    });
     const auto mark = [this, head] { MarkWhole(head->orientation()); };
     connect(head, &QHeaderView::sectionPressed, this, mark);
     connect(head, &QHeaderView::sectionEntered, this, mark);
     connect(head, &QHeaderView::sectionClicked, this,
             [this] { emit Click(sheet_.Selected().RowSel, sheet_.Selected().ColSel); });
   }
-}
-
-void GridView::FitToFont() {
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
-  for (const auto& [col, sample] : samples_) FitColumn(col, sample);
-  FitHeads();
-}
-
-/// Columns that have moved, or are new: as wide as their sample, or as any without one.
-void GridView::FitColumnsFrom(int first) {
-  const int heads = model_->HasHeads(Qt::Vertical) ? 1 : 0;
-  for (int col = std::max(first, heads); col < sheet_.Cols(); ++col) {
-    setColumnWidth(col - heads, horizontalHeader()->defaultSectionSize());
-  }
-  for (const auto& [col, sample] : samples_) {
-    if (col >= first) FitColumn(col, sample);
-  }
-}
-
-void GridView::FollowLines(Axis axis, int first, int count, bool inserted) {
-  editor_->FollowLines(axis, first);
-  if (axis == Axis::Rows) return;
-  fitFrom_ = std::min(fitFrom_, first);
-  std::map<int, QString> moved;
-  for (auto& [col, sample] : samples_) {
-    const bool behind = col >= first;
-    if (behind && !inserted && col < first + count) continue;
-    const int by = inserted ? count : -count;
-    moved[behind ? col + by : col] = std::move(sample);
-  }
-  samples_ = std::move(moved);
-}
-
-/// The sample of a column of heads says how wide they are at least.
-void GridView::FitColumn(int col, const QString& sample) {
-  const int heads = model_->HasHeads(Qt::Vertical) ? 1 : 0;
-  const int width = fontMetrics().horizontalAdvance(sample) + 2 * kCellMargin + kRowRoom;
-  if (col < heads) {
-    verticalHeader()->setMinimumWidth(width);
-  } else if (col < sheet_.Cols()) {
-    setColumnWidth(col - heads, width);
-  }
-}
-
-/// The heads are as high as the tallest heading with room to spare.
-void GridView::FitHeads() {
-  horizontalHeader()->setVisible(model_->HasHeads(Qt::Horizontal));
-  verticalHeader()->setVisible(model_->HasHeads(Qt::Vertical));
-  if (!model_->HasHeads(Qt::Horizontal)) return;
-  int tallest = 0;
-  for (int col = 0; col < sheet_.Cols(); ++col) {
-    tallest = std::max(tallest, fontMetrics().size(0, ToQt(sheet_.TextMatrix(0, col))).height());
-  }
-  horizontalHeader()->setMinimumHeight(static_cast<int>(std::ceil(tallest * kHeadRoom)));
-  if (model_->HasHeads(Qt::Vertical)) corner_->setText(ToQt(sheet_.TextMatrix(0, 0)));
-  const bool named = !corner_->text().isEmpty();
-  const int width = corner_->sizeHint().width() + 2 * kCellMargin;
-  if (named && verticalHeader()->minimumWidth() < width) verticalHeader()->setMinimumWidth(width);
 }
 
 void GridView::Refresh() {
@@ -137,14 +70,15 @@ void GridView::Refresh() {
 
 void GridView::TakeChanges() {
   if (!std::exchange(waiting_, false)) return;
-  const bool heads = model_->HasHeads(Qt::Vertical);
+  const auto heads = [this] { return CellPlace{HeadsOf(Qt::Horizontal), HeadsOf(Qt::Vertical)}; };
+  const CellPlace headsBefore = heads();
   {
     const RaisedFlag showing(showing_);
+    const RaisedFlag sizing(sizing_);
     model_->Update();
   }
-  if (heads != model_->HasHeads(Qt::Vertical)) fitFrom_ = 0;
-  FitColumnsFrom(std::exchange(fitFrom_, kNoColumn));
-  FitHeads();
+  if (heads() != headsBefore) fitFrom_ = {};
+  FitMoved();
   if (editor_->IsLost()) editor_->GiveUp();
   const bool moved = sheet_.Selected().Row != shown_.Row || sheet_.Selected().Col != shown_.Col;
   ShowSelection();
@@ -152,15 +86,26 @@ void GridView::TakeChanges() {
   emit Refreshed();
 }
 
+void GridView::SetLook(const GridLook& look) {
+  constexpr int kAcross = 1, kDown = 2;
+  viewport()->setAutoFillBackground(look.BackStyle != 0);
+  setFrameShape(look.BorderStyle == 0 ? NoFrame : StyledPanel);
+  const auto resizing = [&](int way) {
+    return (look.AllowUserResizing & way) != 0 ? QHeaderView::Interactive : QHeaderView::Fixed;
+  };
+  horizontalHeader()->setSectionResizeMode(resizing(kAcross));
+  verticalHeader()->setSectionResizeMode(resizing(kDown));
+  const auto scrolling = [&](int way) {
+    return (look.ScrollBars & way) != 0 ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
+  };
+  setHorizontalScrollBarPolicy(scrolling(kAcross));
+  setVerticalScrollBarPolicy(scrolling(kDown));
+  setWordWrap(look.WordWrap);
+}
+
 void GridView::SetMark(CellMark mark) {
   model_->SetMark(std::move(mark));
   viewport()->update();
-}
-
-void GridView::SetColWidthText(int col, const QString& sample) {
-  TakeChanges();
-  samples_[col] = sample;
-  FitColumn(col, sample);
 }
 
 /// What the sheet has changed since it was shown may concern the edited cell.

@@ -3,7 +3,9 @@
 #include <QLabel>
 #include <QTableView>
 #include <QTimer>
+#include <limits>
 #include <map>
+#include <optional>
 
 #include "spreadsheet/sheet_commands.h"
 #include "spreadsheet/sheet_queries.h"
@@ -11,6 +13,21 @@
 #include "windows/spreadsheet/sheet_model.h"
 
 namespace lomaris {
+
+/// How a form wants a table to look; the numbers are those that forms store.
+struct GridLook {
+  int BackStyle = 1;          ///< 0: the form is seen beyond the cells
+  int BorderStyle = 1;        ///< 0: no frame
+  int AllowUserResizing = 1;  ///< 0: of no lines, 1: of columns, 2: of rows, 3: of both
+  int ScrollBars = 3;         ///< 0: none, 1: the horizontal one, 2: the vertical one, 3: both
+  bool WordWrap = false;  ///< long texts are broken into lines, as many as their row has room for
+};
+
+/// As wide as a text, or as so many pixels.
+struct ColumnWidth {
+  QString Sample = {};
+  std::optional<int> Pixels = {};
+};
 
 /// The cells of a sheet on the screen, with the keys and the pointer. The sheet's selection is the
 /// truth, the view's follows it; what is selected by the heads goes the other way.
@@ -32,9 +49,15 @@ class GridView : public QTableView {
   void TakeChanges();
 
   void SetMark(CellMark mark);
-  void SetColWidthText(int col, const QString& sample);
+  void SetLook(const GridLook& look);
 
-  /// Lines of the sheet have come or gone: what is kept for columns moves with them.
+  int ColWidth(int col);
+  int RowHeight(int row);
+  QString ColWidthText(int col) const;
+  void SetColWidth(int col, const ColumnWidth& width);
+  void SetRowHeight(int row, int height);
+
+  /// Lines of the sheet have come or gone: what is kept for their sizes moves with them.
   void FollowLines(Axis axis, int first, int count, bool inserted);
 
   bool EndEdit();
@@ -73,11 +96,19 @@ class GridView : public QTableView {
   void updateGeometries() override;
 
  private:
+  static constexpr int kNoLine = std::numeric_limits<int>::max();
+
   void SetUpHeads();
+
+  // grid_sizes.cpp
+  int HeadsOf(Qt::Orientation orientation) const;
+  void KeepSize(Qt::Orientation heads, int section, int size);
   void FitToFont();
-  void FitColumnsFrom(int first);
-  void FitColumn(int col, const QString& sample);
+  void FitMoved();
+  void FitColumn(int col, const ColumnWidth& width);
+  void FitRow(int row, int height);
   void FitHeads();
+
   void AskForMenu();
   void OpenMenuOnHead(Qt::Orientation orientation, const QPoint& place);
 
@@ -112,10 +143,12 @@ class GridView : public QTableView {
   CellEditor* editor_;
   QLabel* corner_;  // over the button where the heads meet
   std::map<QKeySequence, std::function<void()>> shortcuts_;
-  std::map<int, QString> samples_;  // texts that columns are as wide as
-  int fitFrom_ = 0;                 // the first column that is to be fitted anew
-  bool waiting_ = false;            // for the next turn of the event loop
-  bool showing_ = false;            // the sheet's selection on its way into the view
+  std::map<int, ColumnWidth> widths_;  // of columns that differ from others
+  std::map<int, int> heights_;         // of such rows, in pixels
+  CellPlace fitFrom_{kNoLine, 0};      // the first row and column that are to be fitted anew
+  bool sizing_ = false;                // the sizes that are kept, on their way into the view
+  bool waiting_ = false;               // for the next turn of the event loop
+  bool showing_ = false;               // the sheet's selection on its way into the view
   bool doubleClicked_ = false;
   Selection shown_;
   int currentRow_ = -1;  // as it was last told

@@ -16,12 +16,31 @@ QString ShownText(const std::string& text) {
   return ToQt(std::string_view(text).substr(0, kMostShown * kMostBytes)).left(kMostShown);
 }
 
-bool IsShownAsNumber(const std::string& text) {
+Alignment GeneralAlignment(const std::string& text, bool head) {
   constexpr std::size_t kLongestNumber = 100;
-  return text.size() <= kLongestNumber && NumberOf(text);
+  if (head) return Alignment::Center;
+  return text.size() <= kLongestNumber && NumberOf(text) ? Alignment::Right : Alignment::Left;
+}
+
+/// The view's own, but bold.
+QFont BoldFont() {
+  QFont font;
+  font.setBold(true);
+  return font;
 }
 
 }  // namespace
+
+Qt::Alignment ToQt(Alignment alignment) {
+  switch (alignment) {
+    case Alignment::Right:
+      return Qt::AlignRight;
+    case Alignment::Center:
+      return Qt::AlignHCenter;
+    default:
+      return Qt::AlignLeft;
+  }
+}
 
 SheetModel::SheetModel(const Sheet& sheet, QObject* parent)
     : QAbstractTableModel(parent), sheet_(sheet), shown_(PresentShape()) {}
@@ -99,10 +118,13 @@ bool SheetModel::IsHead(CellPlace place) const {
 CellLook SheetModel::LookOf(CellPlace place) const {
   if (!IsThere(place)) return {};
   const std::string& text = sheet_.TextMatrix(place.Row, place.Col);
-  CellLook look{.Text = ShownText(text), .Head = IsHead(place)};
+  CellLook look{.Text = ShownText(text),
+                .Align = sheet_.CellAlignment(place.Row, place.Col),
+                .Bold = sheet_.CellFontBold(place.Row, place.Col),
+                .Head = IsHead(place)};
+  if (look.Align == Alignment::General) look.Align = GeneralAlignment(text, look.Head);
   if (look.Head) return look;
   look.Mark = mark_(place.Row, place.Col);
-  look.Number = IsShownAsNumber(text);
   look.ReadOnly = sheet_.IsReadOnly(place.Row, place.Col);
   return look;
 }
@@ -131,11 +153,19 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
 
 QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
   const bool across = orientation == Qt::Horizontal;
-  if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignCenter);
   const CellPlace place =
       across ? CellPlace{0, section + shown_.HeadCols} : CellPlace{section + shown_.HeadRows, 0};
-  if (role != Qt::DisplayRole || !HasHeads(orientation) || !IsThere(place)) return {};
-  return ShownText(sheet_.TextMatrix(place.Row, place.Col));
+  if (!HasHeads(orientation) || !IsThere(place)) return {};
+  switch (role) {
+    case Qt::DisplayRole:
+      return ShownText(sheet_.TextMatrix(place.Row, place.Col));
+    case Qt::TextAlignmentRole:
+      return QVariant(ToQt(LookOf(place).Align) | Qt::AlignVCenter);
+    case Qt::FontRole:
+      return sheet_.CellFontBold(place.Row, place.Col) ? BoldFont() : QVariant();
+    default:
+      return {};
+  }
 }
 
 Qt::ItemFlags SheetModel::flags(const QModelIndex& index) const {

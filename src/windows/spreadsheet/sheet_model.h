@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QFont>
 #include <QString>
 #include <functional>
 
@@ -11,11 +12,15 @@ namespace lomaris {
 /// What is wrong with a cell; empty: nothing.
 using CellMark = std::function<QString(int row, int col)>;
 
+/// General counts as left.
+Qt::Alignment ToQt(Alignment alignment);
+
 /// How a cell is shown.
 struct CellLook {
   QString Text = {};  ///< its beginning, of a long one
   QString Mark = {};
-  bool Number = false;  ///< aligned right
+  Alignment Align = Alignment::Left;  ///< never General
+  bool Bold = false;
   bool Head = false;
   bool ReadOnly = false;
 };

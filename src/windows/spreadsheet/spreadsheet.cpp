@@ -4,7 +4,10 @@
 #include <QPointer>
 #include <QVBoxLayout>
 
+#include "spreadsheet/format_string.h"
+#include "windows/core/help_window.h"
 #include "windows/core/keystroke.h"
+#include "windows/core/qt_text.h"
 
 namespace lomaris {
 namespace {
@@ -32,6 +35,7 @@ Spreadsheet::Spreadsheet(QWidget* parent) : QWidget(parent), pages_(new QStacked
 void Spreadsheet::Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDates& copied) {
   sheet_ = &sheet;
   screen_ = &screen;
+  settings_ = &settings;
   commands_ = std::make_unique<SheetCommands>(sheet, screen, copied);
   auto* page = new QWidget;
   auto* layout = new QVBoxLayout(page);
@@ -56,10 +60,59 @@ void Spreadsheet::Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDat
   connect(grid_, &GridView::Click, this, &Spreadsheet::Click);
   connect(grid_, &GridView::KeyPressed, this, &Spreadsheet::KeyPressed);
   connect(grid_, &GridView::CurrentRowChanged, this, &Spreadsheet::CurrentRowChanged);
+  connect(grid_, &GridView::SelectionMoved, this, &Spreadsheet::SelectionMoved);
   connect(grid_, &GridView::Refreshed, this, &Spreadsheet::Refreshed);
   connect(grid_, &GridView::SelectionMoved, status_, &SelectionStatus::Renew);
   ConnectMenu();
   ConnectFindBar();
+  grid_->SetLook(look_);
+  TakeShape();
+  if (!formatString_.isEmpty()) TakeFormatString();
+}
+
+const Sheet& Spreadsheet::Shown() const {
+  static const Sheet kEmpty;
+  return sheet_ != nullptr ? *sheet_ : kEmpty;
+}
+
+/// In the order that lets each of them have its way.
+void Spreadsheet::TakeShape() {
+  const FormShape shape = std::exchange(shape_, {});
+  if (shape.Rows) sheet_->SetRows(*shape.Rows);
+  if (shape.Cols) sheet_->SetCols(*shape.Cols);
+  if (shape.FixedRows || shape.FixedCols) {
+    sheet_->SetFixed(shape.FixedRows.value_or(sheet_->FixedRows()),
+                     shape.FixedCols.value_or(sheet_->FixedCols()));
+  }
+  if (shape.NumberRows) sheet_->SetNumberRows(*shape.NumberRows);
+}
+
+void Spreadsheet::SetFormatString(const QString& heads) {
+  formatString_ = heads;
+  if (sheet_ != nullptr) TakeFormatString();
+}
+
+void Spreadsheet::TakeFormatString() {
+  const FormatHeads heads = ReadFormatString(FromQt(formatString_));
+  SetHeads(*sheet_, heads);
+  for (int col = 0; const FormatHead& head : heads.Cols) {
+    if (!head.Text.empty()) SetColWidthText(col, ToQt(head.Text));
+    ++col;
+  }
+}
+
+void Spreadsheet::SetColour(QPalette::ColorRole role, const QColor& colour) {
+  QPalette colours = palette();
+  colours.setColor(role, colour);
+  setPalette(colours);
+}
+
+bool Spreadsheet::event(QEvent* event) {
+  const bool asked = event->type() == QEvent::QueryWhatsThis || event->type() == QEvent::WhatsThis;
+  if (!asked || whatsThisHelpID_ <= 0 || settings_ == nullptr) return QWidget::event(event);
+  if (event->type() == QEvent::WhatsThis) ShowHelpContents(whatsThisHelpID_, *settings_);
+  event->accept();
+  return true;
 }
 
 void Spreadsheet::ConnectMenu() {
@@ -112,10 +165,6 @@ void Spreadsheet::RefreshChart() {
 void Spreadsheet::SetChartType(int type) {
   if (type < 0 || type > static_cast<int>(ChartType::XY)) return;
   Redraw(chartState_.Type, static_cast<ChartType>(type));
-}
-
-void Spreadsheet::SetColWidthText(int col, const QString& sample) {
-  grid_->SetColWidthText(col, sample);
 }
 
 bool Spreadsheet::EndEdit() {
