@@ -315,6 +315,19 @@ TEST_F(Table, AHeadChoosesAWholeColumnOfASingleRow) {
   EXPECT_TRUE(sheet.Cols() == 6 && view->columnWidth(1) == wide) << "widths move along";
 }
 
+TEST_F(Table, TellsOfKeysAndClicks) {
+  QList<int> keys;
+  QObject::connect(table, &Spreadsheet::KeyPressed, [&](int key) { keys += key; });
+  const QSignalSpy clicks(table, &Spreadsheet::Click);
+  Press(Qt::Key_Tab);
+  Press(Qt::Key_F5);
+  ClickCell(5, 2);
+  EXPECT_EQ(keys,
+            (QList<QVariantList>{{Qt::Key_Tab, QVariant::fromValue(Qt::KeyboardModifiers())},
+                                 {Qt::Key_F5, QVariant::fromValue(Qt::KeyboardModifiers())}}));
+  EXPECT_EQ(clicks, (QList<QVariantList>{{5, 2}}));
+}
+
 TEST_F(Table, SizesAreKeptForTheirLines) {
   table->SetColWidth(2, 77);
   table->SetRowHeight(2, 55);

@@ -58,11 +58,14 @@ bool GridView::event(QEvent* event) {
     event->accept();
     return true;
   }
+  if (event->type() == QEvent::KeyPress) {  // Tab does not come as far as `keyPressEvent`
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    emit KeyPressed(key.key(), key.modifiers());
+  }
   return QTableView::event(event);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
-  emit KeyPressed(event->key(), event->modifiers());
   TakeChanges();
   // What a cell's editor leaves over, a Shift key on its own for one, does not end its edit.
   const bool leftOver = editor_->IsOpen() && !hasFocus() && ShortcutOf(*event) == nullptr;
