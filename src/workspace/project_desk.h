@@ -71,6 +71,8 @@ class ProjectDesk {
 
   // --- Menus. `index` is that of the menu item.
   void CreateInputFile(std::size_t index);
+  /// Builds a water quality input from the network.
+  void BuildQNP();
   void OpenInputFile(std::size_t index);
   void OpenOutputFile(std::size_t index);
   void Replace();

@@ -9,6 +9,7 @@
 #include "core/text.h"
 #include "import/browse_file.h"
 #include "model/file_names.h"
+#include "model/qnp_file.h"
 #include "workspace/attached_file.h"
 #include "workspace/file_slots.h"
 #include "workspace/project_desk.h"
@@ -44,6 +45,14 @@ constexpr std::string_view kAuxiliaryWarning =
     "by Lomaris, but you should also examine the file for more subtle errors (such as MET files "
     "which don't reference the entire range of model cross sections or have overlapping "
     "references).";
+
+constexpr std::string_view kBuildQualWarning =
+    "This routine will build a new Water Quality input file using an existing Hydrodynamic input "
+    "file. Simulation start and end times and cross section names are imported, and default "
+    "kinetic parameters are assigned. Great care should be taken to assure that the default "
+    "parameters are appropriate to this modeling situation.\r\n\r\n"
+    "Note that this new created file will NOT be automatically referenced in your Project file; if "
+    "you want to use it, you'll have to manually select it.";
 
 std::string RowOf(const SlotList& list) {
   return list.Selected < 0 ? std::string() : list.Rows[static_cast<std::size_t>(list.Selected)];
@@ -205,8 +214,21 @@ void ProjectDesk::CreateInputFile(std::size_t index) {
   Run("mnuFileCreateItem_Click", [&] {
     SaveForm();
     const std::string kind(kInputFileKinds[index]);
+    if (kind == "QNP" && NamesAFile(around_.Project.HydroFile)) return BuildQNP();
     around_.Windows.FileEdit({.Kind = kind, .Aside = kind == "HNP"});
     LoadForm();
+  });
+}
+
+/// The project goes on naming the file that it names: what is built is opened aside.
+void ProjectDesk::BuildQNP() {
+  Run("BuildQNP", [&] {
+    const Answer answer = around_.Screen.ShowMessage({.Text = std::string(kBuildQualWarning),
+                                                      .Title = "Build Water Quality Input File",
+                                                      .BoxButtons = Buttons::OkCancel});
+    if (answer != Answer::Ok) return;
+    SaveForm();
+    around_.Windows.FileEdit({.FileName = std::string(kNewQualFile), .Aside = true});
   });
 }
 

@@ -155,6 +155,13 @@ TEST_F(DeskTest, OpensOtherNetworksAsideAndAsksAgainWhatAnEditorHasChanged) {
                                             EditRequest{.FileName = own},
                                             EditRequest{.FileName = folder.Path("s.xsg")},
                                             EditRequest{.Kind = "HNP", .Aside = true}));
+  ui.Answers = {Answer::Cancel, Answer::Ok};
+  desk.BuildQNP();
+  desk.CreateInputFile(1);
+  EXPECT_EQ(workbench.Opened.size(), 5u);
+  EXPECT_EQ(workbench.Opened.back(), (EditRequest{.FileName = "QNP", .Aside = true}));
+  EXPECT_THAT(ui.LastMessage(), HasSubstr("parameters are appropriate to this modeling situation."
+                                          "\r\n\r\nNote that this new created file"));
   desk.RemoveFile(2);
   workbench.OnClose = [&] { project.HydroFile = "saved_as.hnp"; };
   workbench.LetRelease = false;

@@ -94,12 +94,12 @@ void frmProject::OfferFileMenu() {
     Offer(ItemOf("mnuFileMRU", i), [this, i] { desk_.OpenRecent(i); });
   }
   for (std::size_t i = 0; i < kInputFileKinds.size(); ++i) {
-    // Editors join the program one by one; a new water quality file is built from the network.
+    // Editors join the program one by one.
     if (kInputFileKinds[i].empty() || !desk_.OffersEditor(kInputFileKinds[i])) continue;
     Offer(ItemOf("mnuFileOpenItem", i), [this, i] { desk_.OpenInputFile(i); });
-    if (kInputFileKinds[i] == "QNP") continue;
     Offer(ItemOf("mnuFileCreateItem", i), [this, i] { desk_.CreateInputFile(i); });
   }
+  if (desk_.OffersEditor("QNP")) Offer(ui_->mnuFileBuildItem1, [this] { desk_.BuildQNP(); });
   for (std::size_t i = desk_.OffersEditor("BMD") ? 0 : 1; i < 3; ++i) {
     Offer(ItemOf("mnuFileOutputItem", i), [this, i] { desk_.OpenOutputFile(i); });
   }
