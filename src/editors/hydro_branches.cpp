@@ -287,7 +287,7 @@ void HydroDesk::AppendBranch(const std::string& name) {
   extend(project.BCFilesQ, project.BCCountQ);
   hydro.Branches[hydro.BranchCount] = {};
   hydro.Branches[hydro.BranchCount].Name = name;
-  hydro.Dirty = true;
+  Edited();
   project.Dirty = true;
   listed_.push_back(hydro.BranchCount);
   if (!own_) around_.Windows.RefreshProjectWindow();

@@ -74,18 +74,19 @@ void HydroDesk::Tell(const std::string& text, const std::string& title) {
 }
 
 void HydroDesk::Edited() {
-  if (!showing_ && open_) Hydro().Dirty = true;
+  if (!showing_ && open_) Hydro().Dirty = edited_ = true;
 }
 
 /// Changes that wait in memory, a renamed cross section of the library for one, are not read over.
-/// A file that is not there yet is a network without branches.
-bool HydroDesk::LoadNetwork(const std::string& fileName) {
+/// A file that is not there yet is a network without branches. `asked`: the user has just been
+/// asked about the changes.
+bool HydroDesk::LoadNetwork(const std::string& fileName, bool asked) {
   HydroInput& hydro = Hydro();
   const bool waits =
       hydro.HydroLoaded && hydro.Dirty && SameFile(hydro.FileName, fileName, Project().FileName);
   if (waits) return true;
   HydroInput before = hydro;
-  if (!SaveNetworkFirst(hydro, Project(), around_.Screen)) return false;
+  if (!asked && !SaveNetworkFirst(hydro, Project(), around_.Screen)) return false;
   if (hydro.FileName == before.FileName) before.Dirty = hydro.Dirty;  // it was saved
   HydroInput loaded;
   const NamesFrom names = own_ ? NamesFrom::File : NamesFrom::Project;
@@ -114,6 +115,7 @@ void HydroDesk::LoadLibrary() {
 
 bool HydroDesk::Open(const std::string& fileName, bool aside) {
   return Run("Initialize", [&] {
+    const bool asked = EditsNetwork() && !aside && Hydro().Dirty;
     if (open_ && !MayDropChanges()) return false;
     std::unique_ptr<OwnRecords> records;
     if (aside) {
@@ -123,7 +125,7 @@ bool HydroDesk::Open(const std::string& fileName, bool aside) {
       beside = FindFile(fileName, beside).value_or(beside);
     }
     EditRecords(records);
-    if (!LoadNetwork(fileName)) {
+    if (!LoadNetwork(fileName, asked)) {
       EditRecords(records);
       if (open_) ShowAll();  // without the changes that were given up
       return false;
@@ -146,6 +148,7 @@ void HydroDesk::EditRecords(std::unique_ptr<OwnRecords>& own) {
 }
 
 void HydroDesk::KeepAsOpened() {
+  edited_ = false;
   asOpened_ = Hydro();
   projectAsOpened_ = Project();
 }
@@ -210,6 +213,7 @@ void HydroDesk::GiveUp() {
   if (NameTheSame(project.BCFilesH, before.BCFilesH)) project.BCCountH = before.BCCountH;
   if (NameTheSame(project.BCFilesQ, before.BCFilesQ)) project.BCCountQ = before.BCCountQ;
   Hydro() = asOpened_;
+  edited_ = false;
   around_.Windows.RefreshProjectWindow();
 }
 
@@ -277,12 +281,14 @@ void HydroDesk::ForgetSharedCopy(const std::string& fileName) {
   }
 }
 
-/// Changes given up later must not bring the old names back.
+/// Changes given up later must not bring the old names back. Whoever renames says by `Dirty`
+/// whether the network is as on disk, but for what was edited here.
 void HydroDesk::LookupsRenamed(const std::string& from, const std::string& to,
                                const std::vector<std::string>& xsects) {
   if (!EditsNetwork()) return;
   Run("LookupsRenamed", [&] {
-    if (!RenameLookups(asOpened_, from, to, xsects).empty()) asOpened_.Dirty = true;
+    if (!RenameLookups(asOpened_, from, to, xsects).empty()) asOpened_.Dirty = Hydro().Dirty;
+    Hydro().Dirty = Hydro().Dirty || edited_;
     RenameSections(library_, from, to);
     RenameLookups(xsects_, from, to, xsects);
     return true;

@@ -121,7 +121,7 @@ class HydroDesk {
   void GiveUp();
   void FollowProjectsNames();
   void KeepAsOpened();
-  bool LoadNetwork(const std::string& fileName);
+  bool LoadNetwork(const std::string& fileName, bool asked);
   void ShowForm(const HydroForm& form);
   void ShowAll();
   bool Write(bool saveAs);
@@ -158,6 +158,7 @@ class HydroDesk {
   int branch_ = 0;               ///< number of the branch on view; 0 for none
   bool showing_ = false;         ///< what changes in the window now is our own doing
   bool open_ = false;            ///< the window shows a network
+  bool edited_ = false;          ///< here, since it was opened or saved
 };
 
 }  // namespace lomaris

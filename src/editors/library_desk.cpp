@@ -227,9 +227,9 @@ bool LibraryDesk::Write(bool saveAs) {
   TakeTitle(library_, view_.Title());
   if (!SaveXSGFile(library_, around_.Project, around_.Screen, name)) return false;
   view_.SetCaption(LibraryCaption(name));
-  SaveRenames();
+  const bool saved = SaveRenames();
   around_.Windows.LibrarySaved(name);
-  return true;
+  return saved;
 }
 
 bool LibraryDesk::Save(bool saveAs) {

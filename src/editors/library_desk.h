@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/files.h"
 #include "editors/surroundings.h"
 #include "model/xsect_library.h"
 #include "spreadsheet/sheet.h"
@@ -99,6 +100,7 @@ class LibraryDesk {
     std::string From;
     std::string To;
     std::string Network;              ///< its file
+    FileStamp OnDisk;                 ///< that file then
     std::vector<std::string> XSects;  ///< the cross sections that have followed; empty for all that
                                       ///< look up the new name
     bool OfProject;                   ///< in the library that the project names
@@ -120,8 +122,8 @@ class LibraryDesk {
   void RenameInNetwork(const std::string& from, const std::string& to);
   void TakeBack(const Renamed& renamed, bool wasSaved);
   void TakeRenamesBack(bool all);
-  void SaveRenames();
-  void SaveNetworkOfNobody();
+  bool SaveRenames();
+  bool SaveNetworkOfNobody();
 
   EditorSurroundings around_;
   LibraryView& view_;

@@ -13,15 +13,15 @@
 namespace lomaris {
 
 /// The network's look-ups have followed in memory. Nobody else would ask to save them; and those of
-/// the library that the project names are not to follow a copy of it.
-void LibraryDesk::SaveRenames() {
-  if (renames_.empty()) return;
+/// the library that the project names are not to follow a copy of it. False: the network is to be
+/// saved, and is not.
+bool LibraryDesk::SaveRenames() {
+  if (renames_.empty()) return true;
   const bool isCopy =
       !IsProjects(library_.FileName) && std::ranges::any_of(renames_, &Renamed::OfProject);
   if (!isCopy) {
     renames_.clear();
-    SaveNetworkOfNobody();
-    return;
+    return SaveNetworkOfNobody();
   }
   around_.Screen.ShowMessage(
       {.Text = "The project names the cross section library " + FileIn(around_.Project.XSGFileH) +
@@ -30,6 +30,7 @@ void LibraryDesk::SaveRenames() {
        .Title = "Warning",
        .BoxIcon = Icon::Warning});
   TakeRenamesBack(false);
+  return true;
 }
 
 bool LibraryDesk::IsProjects(const std::string& fileName) const {
@@ -70,24 +71,29 @@ bool LibraryDesk::NetworkIsWanted() {
 
 void LibraryDesk::RenameInNetwork(const std::string& from, const std::string& to) {
   HydroInput& hydro = around_.Hydro;
-  networkWasSaved_ = renames_.empty() ? !hydro.Dirty : networkWasSaved_ && hydro.Dirty;
+  if (renames_.empty()) networkWasSaved_ = !hydro.Dirty;
   const bool isNew = !LooksUp(hydro, to);
   std::vector<std::string> xsects = RenameLookups(hydro, from, to);
+  if (!xsects.empty()) hydro.Dirty = true;
   around_.Windows.LookupsRenamed(from, to, {});
   if (xsects.empty()) return;
-  hydro.Dirty = true;
   if (isNew) xsects.clear();
-  renames_.push_back({from, to, hydro.FileName, std::move(xsects), IsProjects(library_.FileName)});
+  renames_.push_back(
+      {from, to, hydro.FileName, hydro.OnDisk, std::move(xsects), IsProjects(library_.FileName)});
 }
 
-/// `wasSaved`: the network was as on disk before all renames, and is so again behind them.
+/// `wasSaved`: the network was as on disk before all renames, and is so again behind them. One that
+/// was given up unsaved, or saved under another name, has left its file with the old name.
 void LibraryDesk::TakeBack(const Renamed& renamed, bool wasSaved) {
   HydroInput& hydro = around_.Hydro;
-  const auto& [from, to, network, xsects, ofProject] = renamed;
+  const auto& [from, to, network, onDisk, xsects, ofProject] = renamed;
   if (hydro.FileName != network) {
+    const bool isSavedAs = LooksUp(hydro, to);
+    if (!isSavedAs && StampOf(network, around_.Project.FileName) == onDisk) return;
     around_.Screen.ShowMessage(
-        {.Text = "Hydrodynamic input file " + network + " looks up cross section " + to +
-                 ", which the library on disk has as " + from + "; please correct one of them.",
+        {.Text = "Hydrodynamic input file " + (isSavedAs ? hydro.FileName : network) +
+                 " looks up cross section " + to + ", which the library on disk has as " + from +
+                 "; please correct one of them.",
          .Title = "Warning",
          .BoxIcon = Icon::Warning});
     return;
@@ -99,7 +105,9 @@ void LibraryDesk::TakeBack(const Renamed& renamed, bool wasSaved) {
 /// The library that is given up keeps its old names on disk, and so must the look-ups. Not `all`:
 /// names that a library beside the project's was asked about stay.
 void LibraryDesk::TakeRenamesBack(bool all) {
-  const bool wasSaved = networkWasSaved_ && around_.Hydro.Dirty && !around_.Windows.EditsNetwork();
+  const bool noneStays = all || std::ranges::all_of(renames_, &Renamed::OfProject);
+  const bool wasSaved = networkWasSaved_ && noneStays && !renames_.empty() &&
+                        around_.Hydro.OnDisk == renames_.front().OnDisk;
   for (; !renames_.empty(); renames_.pop_back()) {
     if (all || renames_.back().OfProject) TakeBack(renames_.back(), wasSaved);
   }
@@ -107,10 +115,11 @@ void LibraryDesk::TakeRenamesBack(bool all) {
 }
 
 /// Asks about a network that has unsaved changes and no window that would ask.
-void LibraryDesk::SaveNetworkOfNobody() {
-  if (around_.Windows.EditsNetwork()) return;
-  SaveNetworkFirst(around_.Hydro, around_.Project, around_.Screen);
+bool LibraryDesk::SaveNetworkOfNobody() {
+  if (around_.Windows.EditsNetwork()) return true;
+  const bool saved = SaveNetworkFirst(around_.Hydro, around_.Project, around_.Screen);
   around_.Windows.RefreshProjectWindow();
+  return saved;
 }
 
 void LibraryDesk::Rename() {

@@ -87,8 +87,7 @@ bool ProjectDesk::OthersClosed() {
 }
 
 bool ProjectDesk::NothingElseOpen() {
-  return view_.MayLeaveProject() && around_.Windows.CloseOtherWindows() &&
-         around_.Windows.ReleaseNetwork();
+  return view_.MayLeaveProject() && around_.Windows.CloseOtherWindows();
 }
 
 /// Whether the project may make room for another one, or for none.

@@ -329,10 +329,17 @@ TEST_F(HydroDeskTest, AConfluenceIsResetWhereAnotherCrossSectionStands) {
 }
 
 TEST_F(HydroDeskTest, FollowsTheLibrary) {
-  EXPECT_EQ(RenameLookups(hydro, "CR-RUN1", "CR-NEW").size(), 4u);
-  desk.LookupsRenamed("CR-RUN1", "CR-NEW", {});
+  const auto rename = [&](const std::string& from, const std::string& to, bool dirty) {
+    EXPECT_EQ(RenameLookups(hydro, from, to).size(), 4u);
+    hydro.Dirty = dirty;
+    desk.LookupsRenamed(from, to, {});
+  };
+  rename("CR-RUN1", "CR-NEW", true);
+  rename("CR-NEW", "CR-RUN1", false);
+  EXPECT_TRUE(desk.QueryUnload()) << "nothing to ask about, now that it is taken back";
+  desk.Edited();
+  rename("CR-RUN1", "CR-NEW", true);
   EXPECT_TRUE(desk.StoreBranch());
-  hydro.Dirty = true;
   EXPECT_EQ(desk.XSects().TextMatrix(1, kLookupCol), "CR-NEW");
   EXPECT_TRUE(desk.UnknownLookups().empty() && hydro.Dirty);
   ui.Answers = {Answer::No};
@@ -343,6 +350,9 @@ TEST_F(HydroDeskTest, FollowsTheLibrary) {
   EXPECT_TRUE(desk.UnknownLookups().empty());
   desk.LibrarySaved(folder.Path("corvane_shapes.xsg"));
   EXPECT_EQ(desk.UnknownLookups().size(), 19u);
+  folder.Write("other.hnp", Example(kName));
+  ui.Answers = {Answer::No};
+  EXPECT_TRUE(desk.Open("other.hnp") && !hydro.Dirty) << "asked once";
 }
 
 TEST_F(HydroDeskTest, AnEmptyRowStandsReady) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "editors/editor_fixture.h"
+#include "model/network_in_memory.h"
 
 namespace lomaris {
 namespace {
@@ -154,10 +155,14 @@ TEST_F(LibraryDeskTest, LookupNamesFollowARename) {
   EXPECT_EQ(workbench.Notices.back(), "CR-NEW to CR-RUN1 in 0");
 
   ASSERT_TRUE(desk.Open(kName) && desk.SelectEntry(9));
-  ui.Answers = {Answer::Yes, Answer::Yes};
+  ui.Answers = {Answer::Yes};
   desk.Rename();
-  EXPECT_TRUE(desk.Save(false));
-  EXPECT_EQ(ui.LastMessage(), "Save changes to Hydrodynamic input file?");
+  folder.Write("corvane_river.hnp", "of another program");
+  ui.Answers = {Answer::Yes, Answer::No};
+  EXPECT_FALSE(desk.Save(false));
+  EXPECT_THAT(ui.LastMessage(), testing::StartsWith("File corvane_river.hnp has been changed"));
+  ui.Answers = {Answer::Yes, Answer::Yes};
+  EXPECT_TRUE(SaveNetworkFirst(hydro, project, ui));
   EXPECT_THAT(folder.Read("corvane_river.hnp"), testing::HasSubstr("\r\nCR-NEW"));
   EXPECT_EQ(workbench.Notices.back(), "saved corvane_shapes.xsg");
 

@@ -34,7 +34,7 @@ class FakeWorkbench : public Workbench {
   bool CloseOtherWindows() override {
     ++Closed;
     OnClose();
-    return LetClose;
+    return LetClose && LetRelease;
   }
   void RefreshProjectWindow() override {}
   bool EditsNetwork() const override { return Edits; }

@@ -100,6 +100,9 @@ TEST_F(WorkbenchTest, ReleasesTheNetworkFromItsEditorOrAsksItself) {
   EXPECT_FALSE(workbench.ReleaseNetwork());
   EXPECT_EQ(ui.LastMessage(), "Save changes to Hydrodynamic input file?");
   EXPECT_TRUE(workbench.ReleaseNetwork() && hydro == HydroInput());
+  OpenAfter("a.hnp");
+  hydro.Dirty = true;
+  EXPECT_TRUE(workbench.CloseOtherWindows() && !hydro.Dirty) << "its editor has asked";
 }
 
 TEST_F(WorkbenchTest, NamesWhatIsNotSavedAndTheNetworkOnce) {
@@ -112,7 +115,10 @@ TEST_F(WorkbenchTest, NamesWhatIsNotSavedAndTheNetworkOnce) {
   OpenAfter("c.xsg");
   EXPECT_EQ(workbench.UnsavedFiles(), (std::vector<std::string>{"a.hnp", "shapes/b.xsg"}));
   workbench.CloseOtherWindows();
+  hydro.FileName = "a.hnp";
+  hydro.Dirty = true;
   EXPECT_EQ(workbench.UnsavedFiles(), std::vector<std::string>{"a.hnp"}) << "no window has it";
+  hydro.Dirty = false;
 }
 
 TEST_F(WorkbenchTest, PlacesEditorsAsTheyStoodAndStopsWhereOneStays) {

@@ -40,7 +40,8 @@ class Workbench {
   /// edited among them, and the network in memory. A file without a name is told by its window.
   virtual std::vector<std::string> UnsavedFiles() = 0;
 
-  /// Closes every window but the project window. False: one of them stayed open.
+  /// Closes every window but the project window, and releases the network. False: one of them
+  /// stayed open, or the network has to stay.
   virtual bool CloseOtherWindows() = 0;
 
   /// Brings the project window in line with the project record.

@@ -140,12 +140,15 @@ std::vector<std::string> QtWorkbench::UnsavedFiles() {
   return names;
 }
 
+/// The network goes last: a library that is closed may take names back in it, or ask to save it.
 bool QtWorkbench::CloseOtherWindows() {
   const QString spared = projectWindow_ ? projectWindow_->windowTitle() : QString();
   for (const QPointer<QWidget>& window : OpenWindows()) {
+    const auto* editor = qobject_cast<EditorWindow*>(window);
+    if (editor != nullptr && editor->EditsNetwork()) continue;
     if (window && window->windowTitle() != spared && !window->close()) return false;
   }
-  return true;
+  return ReleaseNetwork();
 }
 
 void QtWorkbench::RefreshProjectWindow() {
@@ -156,9 +159,12 @@ bool QtWorkbench::EditsNetwork() const {
   return std::ranges::any_of(OpenEditors(), [](const auto& each) { return each->EditsNetwork(); });
 }
 
+/// What its editor was told not to save is not asked about again.
 bool QtWorkbench::ReleaseNetwork() {
   for (const QPointer<EditorWindow>& editor : OpenEditors()) {
-    if (editor && editor->EditsNetwork() && !editor->close()) return false;
+    if (!editor || !editor->EditsNetwork()) continue;
+    if (!editor->close()) return false;
+    if (hydro_.Dirty) hydro_ = HydroInput();
   }
   const bool released = SaveNetworkFirst(hydro_, project_, ui_);
   RefreshProjectWindow();
