@@ -140,16 +140,17 @@ TEST_F(StandinRun, CostsTicksOnlyWhileItsFileMakesNoSense) {
 TEST_F(StandinRun, RunsBothInTurnUntilOneAborts) {
   Run(kRunBoth, "TavreskH\nat 50 message of H\nTavreskQ\nat 50 message of Q\n");
   EXPECT_THAT(Lines("sent MESSAGE of "), ElementsAre("H"));
-  EXPECT_THAT(Lines("sent MESSAGE of ", "a/TavreskQ.out"), ElementsAre("Q"));
-  EXPECT_THAT(Lines("switch -P", "a/TavreskQ.out"), ElementsAre("N: linkage file of another name"));
+  EXPECT_THAT(Lines("sent MESSAGE of ", "a/corvane_quality.out"), ElementsAre("Q"));
+  EXPECT_THAT(Lines("switch -P", "a/corvane_quality.out"),
+              ElementsAre("N: linkage file of another name"));
   EXPECT_EQ(monitor.Title, "100% - TavreskQ Progress");
   EXPECT_EQ(monitor.Titles.at(2), "DO, mg/L");
   EXPECT_THAT(monitor.Messages.back(), HasSubstr("TavreskH and Q have completed execution"));
 
-  std::filesystem::remove(folder.Path("a/TavreskQ.out"));
+  std::filesystem::remove(folder.Path("a/corvane_quality.out"));
   Run(kRunBoth, "at 40 msgbox -1 Dry bed|VeskH\nat 40 exit 1\n");
   EXPECT_EQ(ui.LastMessage(), "Dry bed");
-  EXPECT_FALSE(folder.Holds("a/TavreskQ.out"));
+  EXPECT_FALSE(folder.Holds("a/corvane_quality.out"));
   EXPECT_EQ(monitor.Messages.back(),
             "TavreskH ended with exit code 1; what it printed is in TavreskH.log.");
 }
@@ -158,7 +159,7 @@ TEST_F(StandinRun, AsksForAFileAndPutsItsOutputWhereItIsLookedFor) {
   ui.Files = {{"/x/y.lnk"}};
   Run(kRunQual, "");
   EXPECT_EQ(ui.FileDialogs.at(0).Title, "Select hydrodynamic linkage file");
-  EXPECT_THAT(Lines("answer ", "a/TavreskQ.out"), Contains("OK/x/y.lnk"));
+  EXPECT_THAT(Lines("answer ", "a/corvane_quality.out"), Contains("OK/x/y.lnk"));
 
   project.HydroFile = "runs_HNP\\Corvane_River.hnp";
   folder.Write("a/three_branches.prj", "HYDRODYNAMIC_INPUT_FILE: " + project.HydroFile + "\r\n");
