@@ -322,9 +322,7 @@ TEST_F(Table, TellsOfKeysAndClicks) {
   Press(Qt::Key_Tab);
   Press(Qt::Key_F5);
   ClickCell(5, 2);
-  EXPECT_EQ(keys,
-            (QList<QVariantList>{{Qt::Key_Tab, QVariant::fromValue(Qt::KeyboardModifiers())},
-                                 {Qt::Key_F5, QVariant::fromValue(Qt::KeyboardModifiers())}}));
+  EXPECT_EQ(keys, (QList<int>{Qt::Key_Tab, Qt::Key_F5}));
   EXPECT_EQ(clicks, (QList<QVariantList>{{5, 2}}));
 }
 
