@@ -78,6 +78,8 @@ std::optional<TypicalRange> TypicalRangeOf(std::string_view typical) {
 
 CoefficientSheet::CoefficientSheet(std::string range, bool byPlace)
     : range_(std::move(range)), byPlace_(byPlace) {
+  sheet_.KeepRows = true;
+  sheet_.KeepCols = true;
   sheet_.Events.Change = [this] {
     Derive();
     if (Change) Change();
@@ -174,6 +176,7 @@ void CoefficientSheet::Show() {
 
 /// Parameters are rows: what the heads say of them stands in columns.
 void CoefficientSheet::ShowParameterHeads() {
+  sheet_.SetFixedAlignment(0, Alignment::Left);
   int col = 0;
   for (const HeadLine& head : HeadLinesOf(parameters_)) {
     sheet_.SetTextMatrix(0, col, head.Title);

@@ -94,6 +94,7 @@ void LibraryDesk::SetUpGrid() {
                                                   {kDepthCol, "Depth|(ft)"}};
   points_ = Sheet(2, kDepthCol + 1);
   points_.SetNumberRows(true);
+  points_.KeepCols = true;
   points_.SetColHeadings(headings);
   for (const int col : {kStationCol, kDepthCol}) {
     points_.SetColFormat(col, {FormatKind::Number, kPointRange});

@@ -72,6 +72,8 @@ void QualDesk::FillPlotted() {
   plotted_.SetRows(plotted_.FixedRows());
   plotted_.SetCols(kPlottedPrintCol + 1);
   plotted_.SetNumberRows(true);
+  plotted_.KeepRows = true;
+  plotted_.KeepCols = true;
   plotted_.ReadOnlyCols = kPlottedPrintCol - 1;
   plotted_.SetColHeadings(headings);
   plotted_.SetColFormat(kPlottedPrintCol, {FormatKind::Choice, "Yes;No"});

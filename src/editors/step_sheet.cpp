@@ -66,6 +66,7 @@ void SetUpSteps(Sheet& sheet, const StepTable& table, Ui& ui) {
                                                   {kStepValueCol, table.ValueHeading}};
   sheet = Sheet(1 + kFewestEntries, kStepValueCol + 1);
   sheet.SetNumberRows(true);
+  sheet.KeepCols = true;
   sheet.SetColHeadings(headings);
   sheet.SetColFormat(kStartCol, {FormatKind::DateTime});
   sheet.SetColFormat(kStepValueCol, {FormatKind::Number, table.ValueRange});

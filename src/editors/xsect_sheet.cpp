@@ -99,6 +99,7 @@ void SetUpXSects(Sheet& sheet, Ui& ui) {
                                                        {kLookupCol, "XSG Lookup|Name"}};
   sheet = Sheet(2, kCols);
   sheet.SetNumberRows(true);
+  sheet.KeepCols = true;
   sheet.SetColFormat(kXSectNameCol, {FormatKind::NumberedText});
   sheet.SetColFormat(kPrintCol, {FormatKind::Choice, std::string(kYes) + ";" + kNo});
   sheet.SetColFormat(kLookupCol, {FormatKind::NumberedText});

@@ -52,6 +52,8 @@ class Sheet {
   bool ReadOnly = false;  ///< the whole table refuses edits
   int ReadOnlyRows = 0;   ///< so many rows behind the fixed ones refuse edits
   int ReadOnlyCols = 0;
+  bool KeepRows = false;  ///< commands neither add nor take out rows: the owner gives them meaning
+  bool KeepCols = false;  ///< the same of columns
   bool Modified = false;  ///< set by every change; the owner clears it
   bool GridEdit = true;   ///< cells can be edited in place
   SheetEvents Events;

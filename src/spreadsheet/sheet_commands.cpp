@@ -81,6 +81,10 @@ std::optional<Axis> WholeLines(const Sheet& sheet) {
   return std::nullopt;
 }
 
+bool IsLineCommand(SheetCommand command) {
+  return command == SheetCommand::Insert || command == SheetCommand::Delete;
+}
+
 /// The text with the number at its end raised by 1. The number may be as long as it likes, and
 /// keeps its width, as people number their sections: "XS009" is followed by "XS010", "9" by "10". A
 /// text without a number at its end is followed by the one with 1.
@@ -108,6 +112,8 @@ const SheetCommands::Routine SheetCommands::kRoutines[] = {
     &SheetCommands::Delete};
 
 bool SheetCommands::Offered(SheetCommand command) const {
+  if (command == SheetCommand::Append && sheet_.KeepRows) return false;
+  if (IsLineCommand(command) && sheet_.KeepRows && sheet_.KeepCols) return false;
   return !sheet_.ReadOnly || !kEditMenu[static_cast<std::size_t>(command)].Changes;
 }
 
@@ -321,6 +327,13 @@ bool SheetCommands::CheckRoomFor(Axis axis, std::int64_t lines) {
   return room;
 }
 
+bool SheetCommands::CheckMayMove(Axis axis) {
+  const bool rows = axis == Axis::Rows;
+  const bool may = !(rows ? sheet_.KeepRows : sheet_.KeepCols);
+  if (!may) ShowError(fmt::format("This table keeps its {}.", rows ? "rows" : "columns"));
+  return may;
+}
+
 void SheetCommands::Append() {
   const std::optional<double> answer =
       AskNumber({"Enter number of rows to append to bottom of grid:", "Append Rows"});
@@ -334,6 +347,7 @@ void SheetCommands::Append() {
 void SheetCommands::Insert() {
   const std::optional<Axis> axis = WholeLines(sheet_);
   if (!axis) return ShowError("You must select entire rows or columns if you want to insert.");
+  if (!CheckMayMove(*axis)) return;
   const std::vector<std::pair<int, int>> runs = FreeRuns(sheet_, *axis, sheet_.SelectedArea());
   int count = 0;
   for (const auto& run : runs) count += run.second;
@@ -345,6 +359,7 @@ void SheetCommands::Insert() {
 void SheetCommands::Delete() {
   const std::optional<Axis> axis = WholeLines(sheet_);
   if (!axis) return ShowError("You must select entire rows or columns if you want to delete.");
+  if (!CheckMayMove(*axis)) return;
   std::vector<std::pair<int, int>> runs = FreeRuns(sheet_, *axis, sheet_.SelectedArea());
   sheet_.AsStep([&] {
     bool deleted = false;

@@ -101,6 +101,7 @@ class SheetCommands {
   void NumberSeries(const CellArea& area);
   void TextSeries(const CellArea& area);
   void PasteBlock(std::string_view text, const DatedCells& dates);
+  bool CheckMayMove(Axis axis);
   bool CheckRoomFor(Axis axis, std::int64_t lines);
 
   void WriteAll(const CellArea& area, const Cell& cell);

@@ -84,6 +84,17 @@ TEST_F(SheetTest, AReadOnlyTableOffersWhatChangesNothing) {
   EXPECT_EQ(ui_.Clipboard, "1\t2\r\n3\t4");
 }
 
+TEST_F(SheetTest, ATableKeepsTheLinesThatItsOwnerGivesMeaning) {
+  Set("1,2|3,4");
+  sheet_.KeepCols = true;
+  Run(Insert, {1, 1, 2, 1});
+  EXPECT_EQ(ui_.LastMessage(), "This table keeps its columns.");
+  Run(Delete, {1, 1, 1, 2});
+  EXPECT_EQ(All(), "3,4");
+  sheet_.KeepRows = true;
+  EXPECT_FALSE(commands_.Offered(Append) || commands_.Offered(Insert) || commands_.Offered(Delete));
+}
+
 std::string NoSeries(const std::string& first) {
   return "Error: You must select a range of cells in a single column beginning with a " + first +
          " before a series can be created.";
