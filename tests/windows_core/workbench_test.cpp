@@ -28,10 +28,12 @@ struct FakeEditor : EditorWindow {
   std::string FileName() const override { return Name; }
   bool HasUnsavedChanges() override { return Changed; }
   bool EditsNetwork() const override { return windowTitle().endsWith(".hnp"); }
+  bool NeedsNetwork() const override { return Needs; }
 
   ScriptedUi& Person;
   bool Stays = false;
   bool Changed = false;
+  bool Needs = false;
   std::string Name;
 };
 
@@ -95,11 +97,13 @@ TEST_F(WorkbenchTest, ReleasesTheNetworkFromItsEditorOrAsksItself) {
   EXPECT_EQ(OpenAfter("b.xsg"), "a.hnp b.xsg");
   EXPECT_TRUE(workbench.EditsNetwork() && workbench.ReleaseNetwork());
   EXPECT_EQ(OpenAfter("c.xsg"), "b.xsg c.xsg");
+  last->Needs = true;
   hydro.Dirty = true;
   ui.Answers = {Answer::Cancel, Answer::No};
   EXPECT_FALSE(workbench.ReleaseNetwork());
   EXPECT_EQ(ui.LastMessage(), "Save changes to Hydrodynamic input file?");
   EXPECT_TRUE(workbench.ReleaseNetwork() && hydro == HydroInput());
+  EXPECT_EQ(OpenAfter("d.xsg"), "b.xsg d.xsg") << "what belongs to the network goes with it";
   OpenAfter("a.hnp");
   hydro.Dirty = true;
   EXPECT_TRUE(workbench.CloseOtherWindows() && !hydro.Dirty) << "its editor has asked";

@@ -50,8 +50,9 @@ class Workbench {
   /// Whether a window edits the network in memory.
   virtual bool EditsNetwork() const = 0;
 
-  /// Before the network in memory makes room for another one, or for none: closes the window that
-  /// edits it, and asks about changes that wait in it. False: it has to stay.
+  /// Before the network in memory makes room for another one, or for none: closes the windows of
+  /// what belongs to it and the one that edits it, and asks about changes that wait in it. False:
+  /// it has to stay.
   virtual bool ReleaseNetwork() = 0;
 
   /// A section of the library has got another name, and so have the look-ups of the network in

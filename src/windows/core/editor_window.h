@@ -29,6 +29,9 @@ class EditorWindow : public QMainWindow {
   /// Whether the window edits the network in memory.
   virtual bool EditsNetwork() const { return false; }
 
+  /// Whether what the window edits belongs to the network in memory, without which it cannot stay.
+  virtual bool NeedsNetwork() const { return false; }
+
   // What other windows have done.
   virtual void LookupsRenamed(const std::string& /*from*/, const std::string& /*to*/,
                               const std::vector<std::string>& /*xsects*/) {}

@@ -162,6 +162,9 @@ bool QtWorkbench::EditsNetwork() const {
 /// What its editor was told not to save is not asked about again.
 bool QtWorkbench::ReleaseNetwork() {
   for (const QPointer<EditorWindow>& editor : OpenEditors()) {
+    if (editor && editor->NeedsNetwork() && !editor->close()) return false;
+  }
+  for (const QPointer<EditorWindow>& editor : OpenEditors()) {
     if (!editor || !editor->EditsNetwork()) continue;
     if (!editor->close()) return false;
     if (hydro_.Dirty) hydro_ = HydroInput();

@@ -32,6 +32,7 @@ class frmQual : public EditorWindow, private QualView {
 
   void Initialize(const EditRequest& request) override;
   std::string FileName() const override { return desk_.FileName(); }
+  bool NeedsNetwork() const override { return true; }
   bool HasUnsavedChanges() override { return !EndGridEdits() || desk_.HasChanges(); }
 
  protected:
