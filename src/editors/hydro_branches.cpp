@@ -256,12 +256,11 @@ void HydroDesk::RunBoundary(BoundaryAction action, bool isUpstream) {
       Edited();
       return true;
     }
-    const BranchRec& branch = Hydro().Branches[branch_];
-    EditRequest request{.Kind = "BCF",
-                        .Slot = kBoundarySlot,
-                        .Row = branch_,
-                        .IsUpstream = isUpstream,
-                        .BoundaryType = std::string(1, isUpstream ? branch.USType : branch.DSType)};
+    EditRequest request{
+        .Kind = "BCF", .Slot = kBoundarySlot, .Row = branch_, .IsUpstream = isUpstream};
+    const int type = isUpstream ? form.USType : form.DSType;
+    const std::string_view letters = isUpstream ? kUSLetters : kDSLetters;
+    if (type >= 0) request.BoundaryType = letters[static_cast<std::size_t>(type)];
     if (action == BoundaryAction::Edit) request.FileName = PathOf(FileIn(field));
     around_.Windows.FileEdit(request);
     return true;

@@ -10,9 +10,6 @@
 namespace lomaris {
 namespace {
 
-constexpr std::string_view kUSLetters = "QH";
-constexpr std::string_view kDSLetters = "QHRT";
-
 /// The entry of a type's letter; -1 for a letter that is none.
 int EntryOf(std::string_view letters, char type) {
   const std::size_t place = letters.find(type);

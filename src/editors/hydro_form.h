@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/ports/ui.h"
@@ -38,6 +39,9 @@ bool StoreForm(const HydroForm& form, HydroInput& hydro, Ui& ui);
 // Entries of `cboUSType` and `cboDSType`, in order.
 inline constexpr const char* kUSTypes[] = {"Flow", "Stage"};
 inline constexpr const char* kDSTypes[] = {"Flow", "Depth", "Rating Curve", "Rating Table"};
+// What the record has for them.
+inline constexpr std::string_view kUSLetters = "QH";
+inline constexpr std::string_view kDSLetters = "QHRT";
 // Units of their constant values.
 inline constexpr const char* kUSUnits[] = {"cfs", "ft msl"};
 inline constexpr const char* kDSUnits[] = {"cfs", "ft", "", ""};
