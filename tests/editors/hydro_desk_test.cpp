@@ -372,8 +372,9 @@ TEST_F(HydroDeskTest, BoundaryFilesGoToTheProjectAndToTheirEditor) {
   desk.RunBoundary(BoundaryAction::Edit, true);
   EXPECT_TRUE(workbench.Opened.empty());
   workbench.Editors = {"BCF"};
+  view.End.USType = 1;
   desk.RunBoundary(BoundaryAction::Edit, true);
-  EXPECT_EQ(workbench.Opened.back(), (EditRequest{folder.Path("up.bcf"), "BCF", 5, 2, true, "Q"}));
+  EXPECT_EQ(workbench.Opened.back(), (EditRequest{folder.Path("up.bcf"), "BCF", 5, 2, true, "H"}));
   ui.Files = {{"other.bcf"}};
   desk.RunBoundary(BoundaryAction::Open, true);
   EXPECT_EQ(view.End.USFile, "other.bcf");
