@@ -6,6 +6,7 @@
 
 #include "core/files.h"
 #include "editors/surroundings.h"
+#include "model/hnp_file.h"
 #include "support/fake_ports.h"
 #include "support/scripted_ui.h"
 #include "support/temp_folder.h"
@@ -29,6 +30,20 @@ class EditorTest : public testing::Test {
     project.BCFilesH[3].Upstream = "quillet_meadow.bcf";
   }
 
+  /// The example's network and what the project says of its water quality.
+  void LoadQuality() {
+    folder.Write("corvane_quality.qnp", Example("corvane_quality.qnp"));
+    project.QualFile = "corvane_quality.qnp";
+    project.LatFileQ = "corvane_loads.lat";
+    project.PowFileQ = "corvane_plant.pow";
+    project.MetCount = 1;
+    project.MetFiles[1] = "corvane_weather.met";
+    project.BCCountQ = 3;
+    project.BCFilesQ[2].Upstream = "ashlar_dam.bcf";
+    project.BCFilesQ[3].Upstream = "quillet_meadow.bcf";
+    LoadHNPFile(hydro, project, ui, project.HydroFile);
+  }
+
   static std::string Example(const std::string& name) {
     return ReadWholeFile(LOMARIS_EXAMPLES "/three_branches/" + name);
   }
@@ -39,9 +54,10 @@ class EditorTest : public testing::Test {
   FakeWorkbench workbench;
   ProjectData project;
   HydroInput hydro;
+  QualInput qual;
   EditorSession session;
   Tables tables = InitTables(ui);
-  EditorSurroundings around{project, hydro, tables, session, ui, settings, workbench};
+  EditorSurroundings around{project, hydro, qual, tables, session, ui, settings, workbench};
 };
 
 }  // namespace lomaris

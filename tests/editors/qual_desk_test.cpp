@@ -7,7 +7,6 @@
 
 #include "editors/editor_fixture.h"
 #include "editors/qual_network.h"
-#include "model/hnp_file.h"
 #include "model/qnp_file.h"
 #include "spreadsheet/sheet_queries.h"
 
@@ -38,20 +37,7 @@ constexpr const char* kName = "corvane_quality.qnp";
 /// The water quality editor without a window, over the example's network.
 class QualDeskTest : public EditorTest {
  protected:
-  QualDeskTest() {
-    folder.Write(kName, Example(kName));
-    project.QualFile = kName;
-    project.LatFileQ = "corvane_loads.lat";
-    project.PowFileQ = "corvane_plant.pow";
-    project.MetCount = 1;
-    project.MetFiles[1] = "corvane_weather.met";
-    project.BCCountQ = 3;
-    project.BCFilesQ[2].Upstream = "ashlar_dam.bcf";
-    project.BCFilesQ[3].Upstream = "quillet_meadow.bcf";
-    project.BCCountH = 3;
-    project.BCFilesH[1].Downstream = "corvane_gage.bcf";
-    LoadHNPFile(hydro, project, ui, project.HydroFile);
-  }
+  QualDeskTest() { LoadQuality(); }
 
   static int RowOf(const Sheet& sheet, const std::string& name) {
     for (int row = 0; row < sheet.Rows(); ++row) {
