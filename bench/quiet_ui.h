@@ -1,16 +1,12 @@
 #pragma once
 
-#include <optional>
-#include <string>
-#include <vector>
-
-#include "core/ports/ui.h"
+#include "core/unattended_ui.h"
 
 namespace lomaris {
 
-/// Nobody at the screen: boxes are answered at once and forgotten. The first failures of a routine
-/// are ignored, later ones leave it.
-class QuietUi : public Ui {
+/// Boxes are answered at once and forgotten. The first failures of a routine are ignored, later
+/// ones leave it.
+class QuietUi : public UnattendedUi {
  public:
   explicit QuietUi(int ignored = 0) : ignored_(ignored) {}
 
@@ -21,19 +17,6 @@ class QuietUi : public Ui {
   }
 
   int Boxes() const { return boxes_; }
-
-  std::string AskText(const InputBox&) override { return {}; }
-  std::vector<std::string> AskFile(const FileDialog&) override { return {}; }
-  std::optional<std::size_t> PickFromList(const std::string&,
-                                          const std::vector<std::string>&) override {
-    return std::nullopt;
-  }
-  void SetBusyPointer(bool) override {}
-  void ResetPointers() override {}
-  void DoEvents() override {}
-  void Beep() override {}
-  void SetClipboardText(const std::string&) override {}
-  std::string ClipboardText() override { return {}; }
 
  private:
   int ignored_;

@@ -1,42 +1,18 @@
 #pragma once
 
 #include <iostream>
-#include <string>
-#include <vector>
 
-#include "core/ports/ui.h"
+#include "core/unattended_ui.h"
 
 namespace lomaris {
 
-/// Nobody sits before a model program: what is to be shown is printed, and each question has the
-/// answer that gives up.
-class ConsoleUi : public Ui {
+/// What is to be shown is printed.
+class ConsoleUi : public UnattendedUi {
  public:
   Answer ShowMessage(const MessageBox& box) override {
     std::cout << box.Text << std::endl;
-    switch (box.BoxButtons) {
-      case Buttons::Ok:
-        return Answer::Ok;
-      case Buttons::YesNo:
-        return Answer::No;
-      case Buttons::AbortRetryIgnore:
-        return Answer::Abort;
-      default:
-        return Answer::Cancel;
-    }
+    return UnattendedUi::ShowMessage(box);
   }
-  std::string AskText(const InputBox&) override { return {}; }
-  std::vector<std::string> AskFile(const FileDialog&) override { return {}; }
-  std::optional<std::size_t> PickFromList(const std::string&,
-                                          const std::vector<std::string>&) override {
-    return {};
-  }
-  void SetBusyPointer(bool) override {}
-  void ResetPointers() override {}
-  void DoEvents() override {}
-  void Beep() override {}
-  void SetClipboardText(const std::string&) override {}
-  std::string ClipboardText() override { return {}; }
 };
 
 }  // namespace lomaris
