@@ -7,14 +7,13 @@
 
 #include <fmt/format.h>
 
-#include "core/dates.h"
-
 namespace lomaris {
 
 /// What a column shows at a cross section: `height` is that of the hump there, 0 to 1, and `time`
 /// a date and time.
 struct ResultColumn {
-  const char* Title;
+  const char* Name;
+  const char* Units;
   double (*Value)(const XSectRec& xsect, double height, ModelDateTime time);
 };
 
@@ -66,24 +65,21 @@ double Ammonia(const XSectRec&, double height, ModelDateTime) {
 }
 
 constexpr std::array kHydroColumns = {
-    ResultColumn{"Flow, cfs", Flow},
-    ResultColumn{"Depth, ft", Depth},
-    ResultColumn{"Elevation, ft msl", Elevation},
-    ResultColumn{"Velocity, ft/s", Velocity},
+    ResultColumn{"Flow", "cfs", Flow},
+    ResultColumn{"Depth", "ft", Depth},
+    ResultColumn{"Elevation", "ft msl", Elevation},
+    ResultColumn{"Velocity", "ft/s", Velocity},
 };
 
 constexpr std::array kQualColumns = {
-    ResultColumn{"Temp, \xC2\xB0"
+    ResultColumn{"Temp",
+                 "\xC2\xB0"
                  "C",
                  Temperature},
-    ResultColumn{"DO, mg/L", Oxygen},
-    ResultColumn{"CBODu1, mg/L", OxygenDemand},
-    ResultColumn{"NH3-N, mg/L", Ammonia},
+    ResultColumn{"DO", "mg/L", Oxygen},
+    ResultColumn{"CBODu1", "mg/L", OxygenDemand},
+    ResultColumn{"NH3-N", "mg/L", Ammonia},
 };
-
-ModelDateTime TimeAt(const HydroInput& hydro, double part) {
-  return hydro.StartDate + part * (hydro.EndDate - hydro.StartDate);
-}
 
 }  // namespace
 
@@ -105,8 +101,22 @@ FloodWave::FloodWave(const HydroInput& hydro, ModelKind kind)
 
 std::string FloodWave::Heading() const {
   std::string heading = "Cross section";
-  for (const ResultColumn& column : columns_) heading += fmt::format("|{}", column.Title);
+  for (int column = 1; column <= Cols(); ++column) {
+    heading += fmt::format("|{}, {}", Name(column), Units(column));
+  }
   return heading;
+}
+
+std::string FloodWave::Name(int column) const {
+  return columns_[static_cast<std::size_t>(column - 1)].Name;
+}
+
+std::string FloodWave::Units(int column) const {
+  return columns_[static_cast<std::size_t>(column - 1)].Units;
+}
+
+const std::string& FloodWave::XSectName(int row) const {
+  return places_[static_cast<std::size_t>(row - 1)].XSect.get().Name;
 }
 
 double FloodWave::Height(const Place& place, double part) const {
@@ -116,7 +126,7 @@ double FloodWave::Height(const Place& place, double part) const {
 
 std::vector<float> FloodWave::Column(int column, double part) const {
   const ResultColumn& result = columns_[static_cast<std::size_t>(column - 1)];
-  const ModelDateTime time = TimeAt(hydro_, part);
+  const ModelDateTime time = Time(part);
   std::vector<float> values;
   values.reserve(places_.size());
   for (const Place& place : places_) {
@@ -133,8 +143,8 @@ std::string FloodWave::CrestAt(double part) const {
   return fmt::format("{}: {}", crest->Branch, crest->XSect.get().Name);
 }
 
-std::string FloodWave::DateTime(double part) const {
-  return FormatDate(TimeAt(hydro_, part), "mm/dd/yyyy hh:nn");
+ModelDateTime FloodWave::Time(double part) const {
+  return hydro_.StartDate + part * (hydro_.EndDate - hydro_.StartDate);
 }
 
 }  // namespace lomaris

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/dates.h"
 #include "model/hydro_input.h"
 #include "model_kind.h"
 
@@ -30,11 +31,19 @@ class FloodWave {
   /// All values of a column, counted from 1, when `part` of the run is done, 0 to 1.
   std::vector<float> Column(int column, double part) const;
 
+  /// A column's title without its unit, and its unit.
+  std::string Name(int column) const;
+  std::string Units(int column) const;
+
+  /// Name of the cross section of a row, counted from 1.
+  const std::string& XSectName(int row) const;
+
   /// The cross section at which the hump is highest: "1: CR 16.53".
   std::string CrestAt(double part) const;
 
-  /// Date and time when `part` of the run is done, for display.
-  std::string DateTime(double part) const;
+  /// Date and time when `part` of the run is done; the second is for display.
+  ModelDateTime Time(double part) const;
+  std::string DateTime(double part) const { return FormatDate(Time(part), "mm/dd/yyyy hh:nn"); }
 
  private:
   struct Place {

@@ -79,6 +79,11 @@ std::string OutputPath(const ProjectData& project) {
   return TargetPath(FolderOf(input) + BareName(name), project.FileName);
 }
 
+/// Beside the output file, "bmd" in place of its "out".
+std::string ResultsPath(std::string output) {
+  return output.replace(output.size() - 3, 3, "bmd");
+}
+
 void TellInput(Diary& diary, const ProjectData& project, const HydroInput& hydro,
                const Switches& switches) {
   diary.Tell(
@@ -97,7 +102,8 @@ int Run(std::span<const char* const> words) {
   const Switches switches = ReadSwitches(kKind, words);
   const Script script = ReadScript(kKind);
   Diary diary;
-  if (switches.WritesOut) diary.Open(OutputPath(project));
+  const std::string output = OutputPath(project);
+  if (switches.WritesOut) diary.Open(output);
   TellInput(diary, project, hydro, switches);
   if (script.Silent) {
     diary.Tell("ends before it began, as the script says");
@@ -109,7 +115,9 @@ int Run(std::span<const char* const> words) {
                     .Options = switches,
                     .Book = script,
                     .Notes = diary,
-                    .Time = clock})
+                    .Time = clock,
+                    .ResultsPath = switches.WritesOut ? ResultsPath(output) : std::string(),
+                    .Screen = ui})
       .Play();
 }
 

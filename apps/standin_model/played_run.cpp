@@ -1,21 +1,19 @@
 #include "played_run.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
 #include <fmt/format.h>
 
-#include "core/text.h"
+#include "core/files.h"
+#include "results_file.h"
 
 namespace lomaris {
 namespace {
 
 constexpr int kSteps = 200;
 constexpr int kStepsBetweenNews = 50;
-
-/// The first and the last state stay for so many steps, so that they are seen: an update that
-/// another command follows at once may never be.
-constexpr int kStepsToBeSeen = 10;
 
 constexpr int kLeftAlone = 1;  // exit code
 
@@ -37,18 +35,26 @@ int PlayedRun::Play() {
     exitCode_ = kLeftAlone;
   } else if (side_.Cancelled()) {
     end = fmt::format("cancelled at {} per cent", percent_);
-    Say(fmt::format("{} winds up: {}.", NameOf(cast_.Kind), end));
+    Say(fmt::format("{} winds up: {}.{}", NameOf(cast_.Kind), end, WriteDown()));
+  } else {
+    Say(fmt::format("The stand-in for {} has come to the end of the wave.{}", NameOf(cast_.Kind),
+                    WriteDown()));
   }
   cast_.Notes.Tell(end);
   cast_.Notes.Tell(side_.Account());
   return exitCode_.value_or(0);
 }
 
+/// Tells where to find the results; empty when there are none.
+std::string PlayedRun::WriteDown() {
+  const std::string& path = cast_.ResultsPath;
+  if (path.empty() || !WriteResults(path, wave_, parts_, cast_.Screen)) return {};
+  return fmt::format(" What it showed is in {}.", BareName(path));
+}
+
 void PlayedRun::PlaySteps() {
-  for (int step = 0; step <= kSteps; ++step) {
-    if (!PlayStep(step)) return;
-  }
-  Say(fmt::format("The stand-in for {} has come to the end of the wave.", NameOf(cast_.Kind)));
+  int step = 0;
+  while (step <= kSteps && PlayStep(step)) ++step;
 }
 
 /// False: the run is over.
@@ -57,9 +63,12 @@ bool PlayedRun::PlayStep(int step) {
   PlayScript(percent);
   if (IsOver()) return false;
   percent_ = percent;
+  parts_.push_back(percent / 100);
   side_.Update(percent, std::exchange(damage_, {}));
-  const int stay = step == 0 || step == kSteps ? kStepsToBeSeen : 1;
-  for (int pauses = stay + std::exchange(idle_, 0); pauses > 0; --pauses) {
+  const bool isEnd = step == 0 || step == kSteps;
+  const int stay = isEnd ? std::max(pace_, cast_.Book.Stay) : pace_;
+  if (!side_.Pause(stay)) return false;
+  for (int pauses = std::exchange(idle_, 0); pauses > 0; --pauses) {
     if (!side_.Pause(pace_)) return false;
   }
   if (step == 0) {

@@ -2,8 +2,10 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/ports/clock.h"
+#include "core/ports/ui.h"
 #include "diary.h"
 #include "flood_wave.h"
 #include "model_kind.h"
@@ -13,7 +15,7 @@
 
 namespace lomaris {
 
-/// One run of a stand-in: 200 steps of a made-up wave, and what the script adds.
+/// One run of a stand-in: 200 steps of a made-up wave, what the script adds, and its results.
 class PlayedRun {
  public:
   struct Cast {
@@ -23,6 +25,8 @@ class PlayedRun {
     const Script& Book;
     Diary& Notes;
     Clock& Time;
+    std::string ResultsPath;  ///< of the binary modeling file; empty: none is written
+    Ui& Screen;
   };
 
   /// Throws RuntimeError when nobody listens.
@@ -37,6 +41,7 @@ class PlayedRun {
   void PlayScript(double percent);
   void PlayAction(const ScriptStep& step);
   void Introduce();
+  std::string WriteDown();
   void Say(const std::string& text) { side_.Ask("MESSAGE", {text}); }
   bool IsOver() const { return exitCode_ || side_.Cancelled() || side_.IsAlone(); }
 
@@ -46,6 +51,7 @@ class PlayedRun {
   std::size_t next_ = 0;  ///< step of the script
   int pace_;              ///< ms
   double percent_ = 0;
+  std::vector<double> parts_;  ///< of the run, that have been sent; 0 to 1
 
   // Of the coming update.
   int idle_ = 0;

@@ -72,6 +72,8 @@ void ParseLine(Script& script, std::string_view line) {
     script.Steps.push_back(ParseStep(rest));
   } else if (word == "pace") {
     script.Pace = ToLong(rest);
+  } else if (word == "stay") {
+    script.Stay = ToLong(rest);
   } else if (line == "silent") {
     script.Silent = true;
   } else {

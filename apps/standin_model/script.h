@@ -15,6 +15,9 @@ namespace lomaris {
 //   TavreskH                     what follows is for this program alone, until the next such line;
 //   TavreskQ                     before the first of them it is for both
 //   pace 5                       ms a step takes; 100 when it is not said. A run has 200 steps.
+//   stay 1000                    ms that the first and the last state stay at least, so that they
+//   are
+//                                seen: an update that another command follows at once may never be
 //   silent                       the program ends at once and never makes its exchange file
 //   at 12.5 <action>             what is done just before the update of that per cent, in the order
 //                                of the lines
@@ -64,7 +67,8 @@ struct ScriptStep {
 };
 
 struct Script {
-  int Pace = 100;  ///< ms
+  int Pace = 100;   ///< ms
+  int Stay = 1000;  ///< ms
   bool Silent = false;
   std::vector<ScriptStep> Steps;  ///< by per cent
 };

@@ -11,7 +11,7 @@ namespace lomaris {
 /// What the switches of the command line say. Only two of them change what a stand-in does.
 struct Switches {
   bool AsksForLinkage = false;     ///< -PY
-  bool WritesOut = true;           ///< unless -ON
+  bool WritesOut = true;           ///< unless -ON; so with its results
   std::vector<std::string> Lines;  ///< one for each word of the command line, to be told
 };
 

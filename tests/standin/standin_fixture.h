@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "auxiliary/cls_bmd.h"
 #include "core/steady_clock.h"
 #include "core/text.h"
 #include "run/fake_monitor.h"
@@ -73,12 +74,12 @@ class StandinRun : public testing::Test, protected RunView {
     };
   }
 
-  /// A run at 1 ms a step between its ends, with what a script adds and what is done at each turn
+  /// A run at 1 ms a step, with what a script adds and what is done at each turn
   /// of the wait.
   void Run(
       int item, const std::string& script, std::function<void()> onTurn = [] {}) {
     onTurn_ = std::move(onTurn);
-    folder.Write("bin/standin.txt", "pace 5\nat 0.5 pace 1\nat 100 pace 5\n" + script);
+    folder.Write("bin/standin.txt", "pace 1\nstay 50\n" + script);
     folder.Write("bin/veskout.tmp", "left over");
     started_ = SteadyClock().Seconds();
     desk.RunItem(item);
@@ -93,6 +94,12 @@ class StandinRun : public testing::Test, protected RunView {
       if (line.starts_with(beginning)) found.push_back(TrimField(line.substr(beginning.size())));
     }
     return found;
+  }
+
+  clsBMD Results() {
+    clsBMD results(ui);
+    EXPECT_TRUE(results.ReadBMD(folder.Path("a/corvane_river.bmd"), false));
+    return results;
   }
 
   bool SaveProject() override { return true; }

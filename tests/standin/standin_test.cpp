@@ -39,6 +39,16 @@ TEST_F(StandinRun, RunsToItsEndWithAWaveThatMovesDown) {
   EXPECT_TRUE(std::ranges::is_sorted(crests));
   EXPECT_EQ(crests.back(), kFirstBranch - 1);
   EXPECT_NEAR(monitor.Flows.front().front(), 247.7, 3) << "the initial value";
+  EXPECT_THAT(monitor.Messages.at(5), HasSubstr("What it showed is in corvane_river.bmd."));
+  const clsBMD results = Results();
+  EXPECT_EQ(results.Concs().Size(), 4u * 41 * 201);
+  EXPECT_EQ(results.VarName(2) + results.VarUnits(2) + results.SegName(19),
+            "Depth made upftCR 12.40");
+  EXPECT_EQ(FormatDate(results.Time(201), "mm/dd/yyyy"), "11/01/2025");
+  for (int row = 1; row <= 41; ++row) {
+    EXPECT_EQ(results.Conc(1, row, 201),
+              monitor.Flows.back().at(static_cast<std::size_t>(row - 1)));
+  }
   EXPECT_THAT(Lines("heard "), ElementsAre("FROMVB"));
   EXPECT_THAT(Lines("network "), ElementsAre("corvane_river.hnp: 3 branches, 41 cross sections"));
   EXPECT_THAT(Lines("201 updates, "), ElementsAre("201 with results"));
@@ -72,6 +82,8 @@ TEST_F(StandinRun, WindsUpWhenItIsCancelled) {
     EXPECT_THAT(monitor.Messages, Contains(HasSubstr("winds up: cancelled at ")));
     EXPECT_THAT(monitor.Messages.back(), HasSubstr("has completed execution"));
     EXPECT_LT(monitor.Percent, 100);
+    const double percent = std::stod(Lines("cancelled at ").at(0));
+    EXPECT_EQ(Results().NumTimes(), percent * 2 + 1) << "as far as it came";
     EXPECT_THAT(Lines("heard "), ElementsAre("FROMVB", "CANCEL"));
   }
 }
@@ -90,7 +102,7 @@ TEST_F(StandinRun, WritesNoColumnsWhileTheyAreHidden) {
 
 TEST_F(StandinRun, IsAskedLessOftenWhileItStandsStill) {
   letsSlow = true;
-  Run(kRunHydro, "at 20 pace 5\nat 20 idle 60\nat 21 pace 1\nat 100 pace 50\n");
+  Run(kRunHydro, "at 20 pace 5\nat 20 idle 60\nat 21 pace 1\nat 100 pace 50\nat 100 idle 10\n");
   EXPECT_GT(monitor.Slider, 8 * kInterval);
   EXPECT_EQ(monitor.Percent, 100);
 }
@@ -107,7 +119,7 @@ TEST_F(StandinRun, IsToldOfHonestlyWhenItFails) {
       {"at 30 exit 0", nullptr, "ends as the script says"},
       {"silent", "ended with exit code 0, without ever making veskout.tmp", "before it began"},
       {"at 30 dance", "ended with exit code 2, without ever making veskout.tmp",
-       "Type mismatch: standin.txt line 4: at 30 dance"}};
+       "Type mismatch: standin.txt line 3: at 30 dance"}};
   for (const Case& c : cases) {
     Run(kRunHydro, c.Script);
     std::vector<std::string> expected = {
@@ -170,8 +182,8 @@ TEST_F(StandinRun, AsksForAFileAndPutsItsOutputWhereItIsLookedFor) {
   EXPECT_TRUE(folder.Holds(output));
   std::filesystem::remove(output);
   hydroOptions.Files.Output = false;
-  Run(kRunHydro, "at 1 exit 0");
-  EXPECT_FALSE(folder.Holds(output));
+  Run(kRunHydro, "");
+  EXPECT_FALSE(folder.Holds(output) || folder.Holds("a/Runs_Out/Corvane_River.bmd"));
 }
 
 TEST_F(StandinRun, EndsByItselfWhenNobodyIsLeft) {
