@@ -86,7 +86,10 @@ bool IsWritable(const std::string& folder) {
 void WriteControlFile(const std::string& folder, const std::string& projectFile) {
   const std::string path = folder + kControlFileName;
   Disk().Remove(path);
-  WriteWholeFile(path, projectFile + std::string(kLineBreak), Backup::None);
+  WriteLargeFile(path, [&](const Sink& write) {
+    write(projectFile);
+    write(kLineBreak);
+  });
 }
 
 }  // namespace lomaris

@@ -61,7 +61,7 @@ std::string AbsolutePath(const std::string& path);
 bool IsWritable(const std::string& folder);
 
 /// Writes `run.ctl` anew into a folder, whose name ends in a slash: one line, the full path of the
-/// project file. Throws RuntimeError when that cannot be done.
+/// project file, in its own bytes. Throws RuntimeError when that cannot be done.
 void WriteControlFile(const std::string& folder, const std::string& projectFile);
 
 }  // namespace lomaris

@@ -12,16 +12,15 @@ namespace lomaris {
 /// What is known of one run of a model program; a new one for each.
 struct ProgressState {
   ProcessId Process = 0;
-  double Start = 0;           ///< s by the clock, of the first update
-  double LastUpdate = 0;      ///< s by the clock, of the last update that told the time left
-  bool FileSeen = false;      ///< the model's file has been opened
-  bool MismatchTold = false;  ///< results of another network have been named
-  bool WindowShown = false;   ///< the first update has been seen
-  bool ResultsReady = false;  ///< grid and chart are set up
-  bool Abort = false;         ///< the model ends, and none is to follow
-  bool Calculating = false;   ///< the remaining time is not told yet
-  float TimeLeft = 1e30F;     ///< days, as shown last
-  std::string BaseCaption;    ///< of the monitor when the run began
+  double Start = 0;                        ///< s by the clock, of the first update
+  bool FileSeen = false;                   ///< the model's file has been opened
+  bool MismatchTold = false;               ///< results of another network have been named
+  bool WindowShown = false;                ///< the first update has been seen
+  bool ResultsReady = false;               ///< grid and chart are set up
+  bool Abort = false;                      ///< the model ends, and none is to follow
+  bool Calculating = false;                ///< the remaining time is not told yet
+  float TimeLeft = 1e30F;                  ///< days, as shown last
+  std::string BaseCaption;                 ///< of the monitor when the run began
   std::optional<std::string> LastMessage;  ///< text of the last question or message box
   std::string FileQuestion;                ///< text of the last question for a file
   std::string FileAnswer;                  ///< the answer to it

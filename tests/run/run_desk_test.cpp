@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 TEST_F(DeskOfRuns, RunsOneModelAndCleansUpBehindIt) {
   desk.RunItem(kRunHydro);
-  EXPECT_EQ(control, folder.Path("a/x.prj") + "\r\n");
+  EXPECT_EQ(control, folder.Path("a/\xC3\xBC.prj") + "\r\n") << "the path's own bytes";
   EXPECT_THAT(log, ElementsAre("SaveForm", "options", "SaveForm", "show monitor", picture,
                                "TavreskH Progress", "Close", "unload options"));
   const StartRequest& request = processes.Started.at(0);

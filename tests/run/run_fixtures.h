@@ -83,12 +83,12 @@ class DeskOfRuns : public testing::Test, protected RunView {
  protected:
   DeskOfRuns() {
     for (const char* name :
-         {"bin/TavreskH.exe", "bin/tavreskq.EXE", "bin/veskh.bmp", "a/x.prj", "a/x.hnp"}) {
+         {"bin/TavreskH.exe", "bin/tavreskq.EXE", "bin/veskh.bmp", "a/\xC3\xBC.prj", "a/x.hnp"}) {
       folder.Write(name, "");
     }
     folder.Write("bin/run.ctl", "an older and longer line\r\n");
     folder.Write("bin/veskout.tmp", "left over");
-    project.FileName = "a/x.prj";
+    project.FileName = "a/\xC3\xBC.prj";
     project.HydroFile = "x.hnp";
     processes.OnTurn = [this](int turn) { return plays && PlayModel(turn); };
   }
