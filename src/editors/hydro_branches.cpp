@@ -286,6 +286,13 @@ void HydroDesk::AppendBranch(const std::string& name) {
   extend(project.BCFilesQ, project.BCCountQ);
   hydro.Branches[hydro.BranchCount] = {};
   hydro.Branches[hydro.BranchCount].Name = name;
+  if (!own_) {  // the water quality of another network stays as it is
+    QualInput& qual = around_.Qual;
+    ++qual.BranchCount;
+    extend(qual.Branches, qual.BranchCount);
+    qual.Branches[qual.BranchCount] = {};
+    qual.Branches[qual.BranchCount].Name = name;
+  }
   Edited();
   project.Dirty = true;
   listed_.push_back(hydro.BranchCount);

@@ -212,6 +212,7 @@ void HydroDesk::GiveUp() {
   const ProjectData& before = projectAsOpened_;
   if (NameTheSame(project.BCFilesH, before.BCFilesH)) project.BCCountH = before.BCCountH;
   if (NameTheSame(project.BCFilesQ, before.BCFilesQ)) project.BCCountQ = before.BCCountQ;
+  if (!own_) around_.Qual.BranchCount = Min(around_.Qual.BranchCount, asOpened_.BranchCount);
   Hydro() = asOpened_;
   edited_ = false;
   around_.Windows.RefreshProjectWindow();

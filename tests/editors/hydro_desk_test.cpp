@@ -217,6 +217,7 @@ TEST_F(HydroDeskTest, BranchesAreAddedRenamedAndLeaveTheListAlone) {
   ui.Texts = {"", "Mill Race", "Mill Leat"};
   for (int i = 0; i < 3; ++i) desk.AddBranch();
   EXPECT_EQ(hydro.BranchCount * 100 + project.BCCountH * 10 + project.BCCountQ, 441);
+  EXPECT_EQ(qual.Branches[qual.BranchCount].Name, "Mill Race");
   EXPECT_TRUE(hydro.Dirty && project.Dirty && view.Selected == 3 && desk.XSects().Rows() == 2);
   desk.RenameBranch();
   EXPECT_EQ(view.Names.back() + hydro.Branches[4].Name, "Mill LeatMill Leat");
@@ -286,8 +287,10 @@ TEST_F(HydroDeskTest, WhatIsGivenUpLeavesTheProjectToo) {
   EXPECT_EQ(project.BCFilesH[1].Upstream, "b.bcf");
   ui.Answers = {Answer::Ok, Answer::No};
   ui.Texts = {"Mill Race"};
+  qual.BranchCount = 3;
   desk.AddBranch();
   EXPECT_TRUE(desk.QueryUnload());
+  EXPECT_EQ(qual.BranchCount, 3);
   EXPECT_TRUE(project.BCCountH == 3 && project.BCCountQ == 0 && project.Dirty)
       << "it may have been saved with the name";
   EXPECT_EQ(project.BCFilesH[1], before.BCFilesH[1]);

@@ -1,15 +1,14 @@
 #include "windows/editors/frm_hydro.h"
 
 #include <QEvent>
-#include <QFocusEvent>
 #include <QSignalBlocker>
-#include <QTimer>
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
 #include "model/file_names.h"
-#include "windows/core/qt_dates.h"
+#include "windows/core/left_field.h"
+#include "windows/core/page_guard.h"
 #include "windows/core/qt_text.h"
 #include "windows/core/qt_workbench.h"
 #include "windows/editors/ui_frm_hydro.h"
@@ -88,7 +87,7 @@ frmHydro::frmHydro(const EditorSurroundings& around)
   ConnectFiles();
   ConnectBranch();
   for (QTabWidget* tabs : {ui_->SSTabMainH, ui_->SSTabBranchH}) {
-    tabs->tabBar()->installEventFilter(this);
+    GuardPages(*tabs->tabBar(), [this] { return EndGridEdits(); });
   }
   CompleteForm(kHelpTopic, around_.Store, Spreadsheet::SendToFocus);
 }
@@ -140,23 +139,13 @@ bool frmHydro::Save(bool saveAs) {
 
 // --- The form.
 
-void frmHydro::PickedDate::Show(ModelDateTime date) {
-  Date = date;
-  if (Picker->dateTime() != DateToQt(date)) Picker->setDateTime(DateToQt(date));
-  Shown = Picker->dateTime();
-}
-
-ModelDateTime frmHydro::PickedDate::Value() const {
-  return Picker->dateTime() == Shown ? Date : DateFromQt(Picker->dateTime());
-}
-
 void frmHydro::ConnectForm() {
   connect(ui_->txtDescriptionH, &QPlainTextEdit::textChanged, this, [this] { desk_.Edited(); });
   for (const TextField& field : kTextFields) ConnectText(findChild<QLineEdit*>(field.Control));
   ConnectDate(ui_->DTPickerStart);
   ConnectDate(ui_->DTPickerEnd);
-  OnLeaving(ui_->DTPickerEnd, [this] { desk_.EndDateLeft(); });
-  OnLeaving(ui_->txtSeedYear, [this] { desk_.SeedYearLeft(); });
+  OnLeaving(*ui_->DTPickerEnd, [this] { desk_.EndDateLeft(); });
+  OnLeaving(*ui_->txtSeedYear, [this] { desk_.SeedYearLeft(); });
 }
 
 void frmHydro::ConnectText(QLineEdit* field) {
@@ -173,39 +162,8 @@ void frmHydro::ConnectFiles() {
     connect(file.Edit, &QToolButton::clicked, this, [this, &file] { desk_.EditFile(file.File); });
     connect(file.Select, &QToolButton::clicked, this,
             [this, &file] { desk_.SelectFile(file.File); });
-    OnLeaving(file.Name, [&file] { ShowNormalised(*file.Name); });
+    OnLeaving(*file.Name, [&file] { ShowNormalised(*file.Name); });
   }
-}
-
-void frmHydro::OnLeaving(QWidget* field, std::function<void()> work) {
-  leaving_[field] = std::move(work);
-  field->installEventFilter(this);
-}
-
-/// Whether a tab bar may turn its page by such an event: not away from a cell that is refused.
-bool frmHydro::MayTurnPage(const QObject* watched, QEvent::Type type) {
-  constexpr QEvent::Type kTurning[] = {QEvent::MouseButtonPress, QEvent::KeyPress, QEvent::Wheel,
-                                       QEvent::Shortcut};
-  const bool turns =
-      qobject_cast<const QTabBar*>(watched) != nullptr && std::ranges::count(kTurning, type) > 0;
-  return !turns || EndGridEdits();
-}
-
-/// Not when a menu is opened, another window comes forward or this one goes. After the focus has
-/// moved: a message in between would leave it in neither field.
-bool frmHydro::eventFilter(QObject* watched, QEvent* event) {
-  if (!MayTurnPage(watched, event->type())) return true;
-  const auto left = leaving_.find(watched);
-  if (left != leaving_.end() && event->type() == QEvent::FocusOut) {
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason != Qt::MenuBarFocusReason && reason != Qt::PopupFocusReason &&
-        reason != Qt::ActiveWindowFocusReason) {
-      QTimer::singleShot(0, this, [this, &work = left->second] {
-        if (isVisible()) work();
-      });
-    }
-  }
-  return EditorWindow::eventFilter(watched, event);
 }
 
 /// A file may have come to be, or gone, while another window was used.
@@ -265,10 +223,10 @@ void frmHydro::ConnectBranch() {
     ConnectText(field);
   }
   for (QLineEdit* field : {ui_->txtUSValue, ui_->txtDSValue}) {
-    OnLeaving(field, [this] { desk_.ConstantLeft(); });
+    OnLeaving(*field, [this] { desk_.ConstantLeft(); });
   }
   for (QLineEdit* field : {ui_->txtUSFile, ui_->txtDSFile}) {
-    OnLeaving(field, [field] { ShowNormalised(*field); });
+    OnLeaving(*field, [field] { ShowNormalised(*field); });
   }
 }
 

@@ -1,16 +1,14 @@
 #pragma once
 
-#include <QDateTime>
 #include <QMenu>
 #include <array>
-#include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "editors/hydro_desk.h"
 #include "windows/core/editor_window.h"
+#include "windows/core/picked_date.h"
 #include "windows/spreadsheet/spreadsheet.h"
 
 class QAction;
@@ -45,20 +43,8 @@ class frmHydro : public EditorWindow, private HydroView {
   bool Save(bool saveAs) override;
   bool MayClose() override;
   void changeEvent(QEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  /// A date picker and what stands in it: a date that was not touched stays whole, though the
-  /// picker shows less of it.
-  struct PickedDate {
-    QDateTimeEdit* Picker = nullptr;
-    ModelDateTime Date = 0;
-    QDateTime Shown = {};
-
-    void Show(ModelDateTime date);
-    ModelDateTime Value() const;
-  };
-
   struct FileControls {
     NetworkFile File;
     QLineEdit* Name;
@@ -80,8 +66,6 @@ class frmHydro : public EditorWindow, private HydroView {
   void ConnectDate(QDateTimeEdit* picker);
   void ConnectFiles();
   void ConnectBranch();
-  /// Runs `work` when the user has left the field for another one.
-  void OnLeaving(QWidget* field, std::function<void()> work);
   void SetFileButtons();
   void SelectBranch(int entry);
   void ShowUnits();
@@ -98,7 +82,6 @@ class frmHydro : public EditorWindow, private HydroView {
   std::array<Spreadsheet*, 3> Grids() const;
   /// False: an edit under way was refused, and its editor is still open.
   bool EndGridEdits();
-  bool MayTurnPage(const QObject* watched, QEvent::Type type);
   /// Does what takes the cells of the branch on view.
   void WithBranch(void (HydroDesk::*action)());
 
@@ -106,7 +89,6 @@ class frmHydro : public EditorWindow, private HydroView {
   EditorSurroundings around_;
   QMenu* mnuBCFPopup_;
   std::array<FileControls, 3> files_;
-  std::map<const QObject*, std::function<void()>> leaving_;
   PickedDate start_;
   PickedDate end_;
   HydroForm shown_;          ///< what was shown last

@@ -8,6 +8,7 @@
 
 #include "model/file_names.h"
 #include "windows/core/left_field.h"
+#include "windows/core/page_guard.h"
 #include "windows/core/qt_text.h"
 #include "windows/core/qt_workbench.h"
 #include "windows/editors/ui_frm_qual.h"
@@ -192,7 +193,9 @@ void frmQual::ConnectBranch() {
   for (QLineEdit* field : {ui_->txtUSFile, ui_->txtDSFile}) {
     connect(field, &QLineEdit::textChanged, this, [this] { desk_.Edited(); });
   }
-  for (QTabBar* bar : {ui_->SSTabMainQ->tabBar(), ui_->SSTabBranchQ}) bar->installEventFilter(this);
+  for (QTabBar* bar : {ui_->SSTabMainQ->tabBar(), ui_->SSTabBranchQ}) {
+    GuardPages(*bar, [this] { return EndGridEdits(); });
+  }
 }
 
 /// A branch whose cells are refused stays on view.

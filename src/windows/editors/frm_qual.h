@@ -39,7 +39,6 @@ class frmQual : public EditorWindow, private QualView {
   bool Save(bool saveAs) override { return EndGridEdits() && desk_.Save(saveAs); }
   bool MayClose() override { return EndGridEdits() && desk_.QueryUnload(); }
   void changeEvent(QEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct FileControls {
@@ -76,7 +75,6 @@ class frmQual : public EditorWindow, private QualView {
   std::array<Spreadsheet*, 7> Grids() const;
   /// False: an edit under way was refused, and its editor is still open.
   bool EndGridEdits();
-  bool MayTurnPage(const QObject* watched, QEvent::Type type);
 
   // Fields and menus.
   void ConnectForm();

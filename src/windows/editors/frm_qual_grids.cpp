@@ -56,8 +56,7 @@ void frmQual::SetUpGrids() {
 void frmQual::SetUpCoefficients(CoefficientGrid& grid) {
   grid.Grid->Attach(grid.Sheet->Grid(), around_.Screen, around_.Store, around_.Session.Copied);
   grid.Grid->SetMark([&grid](int row, int col) { return ToQt(grid.Sheet->Remark(row, col)); });
-  connect(grid.Grid, &Spreadsheet::SelectionMoved, this,
-          [this, &grid] { ShowParameter(grid); });
+  connect(grid.Grid, &Spreadsheet::SelectionMoved, this, [this, &grid] { ShowParameter(grid); });
   if (grid.Filter == nullptr) return;
   grid.Filter->setClearButtonEnabled(true);
   connect(grid.Filter, &QLineEdit::textChanged, this, [this, &grid] { ApplyFilter(grid); });
@@ -108,20 +107,6 @@ void frmQual::ResetToDefaults() {
   for (const CoefficientGrid& grid : coefficients_) {
     if (grid.Grid->isVisible() && EndGridEdits()) desk_.ResetToDefaults(*grid.Sheet);
   }
-}
-
-/// Whether a tab bar may turn its page by such an event: not away from a cell that is refused.
-bool frmQual::MayTurnPage(const QObject* watched, QEvent::Type type) {
-  constexpr QEvent::Type kTurning[] = {QEvent::MouseButtonPress, QEvent::KeyPress, QEvent::Wheel,
-                                       QEvent::Shortcut};
-  const bool turns =
-      qobject_cast<const QTabBar*>(watched) != nullptr && std::ranges::count(kTurning, type) > 0;
-  return !turns || EndGridEdits();
-}
-
-bool frmQual::eventFilter(QObject* watched, QEvent* event) {
-  if (!MayTurnPage(watched, event->type())) return true;
-  return EditorWindow::eventFilter(watched, event);
 }
 
 }  // namespace lomaris
