@@ -11,17 +11,21 @@ class frmOptions;
 
 namespace lomaris {
 
-/// Options of a run of both models in turn. Its button runs them.
+/// Options of a run of the water quality model: behind the hydrodynamic one, `frmOptions`, or
+/// alone, `frmOptionsQ`. The two differ in their first box. The button runs what was chosen.
 class frmOptions : public QDialog {
   Q_OBJECT
 
  public:
   /// `desk` outlives the window.
-  explicit frmOptions(RunDesk& desk, QWidget* parent = nullptr);
+  frmOptions(RunDesk& desk, OptionsWindow window, QWidget* parent = nullptr);
   ~frmOptions() override;
 
  private:
-  BothRunOptions Options() const;
+  void BecomeQual();
+  void RunQual();
+  void RunBoth();
+  Transport Solution() const;
 
   RunDesk& desk_;
   std::unique_ptr<::Ui::frmOptions> ui_;

@@ -14,10 +14,4 @@ OutputFiles ChosenFiles(const Form& form) {
           .MassBalance = form.chkMassBal->isChecked()};
 }
 
-template <class Form>
-Transport ChosenSolution(const Form& form) {
-  if (form.optUpwind->isChecked()) return Transport::Upwind;
-  return form.optQuickest->isChecked() ? Transport::Quickest : Transport::Holly;
-}
-
 }  // namespace lomaris

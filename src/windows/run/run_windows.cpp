@@ -8,7 +8,6 @@
 #include "windows/core/window_placement.h"
 #include "windows/run/frm_options.h"
 #include "windows/run/frm_options_h.h"
-#include "windows/run/frm_options_q.h"
 
 namespace lomaris {
 namespace {
@@ -34,15 +33,10 @@ void RunWindows::OfferHelp(QWidget& window) {
 // --- Options
 
 std::unique_ptr<QDialog> RunWindows::MakeOptions(OptionsWindow window) {
-  switch (window) {
-    case OptionsWindow::Hydro:
-      return std::make_unique<frmOptionsH>(desk_, screen_, &projectWindow_);
-    case OptionsWindow::Qual:
-      return std::make_unique<frmOptionsQ>(desk_, &projectWindow_);
-    case OptionsWindow::Both:
-      break;
+  if (window == OptionsWindow::Hydro) {
+    return std::make_unique<frmOptionsH>(desk_, screen_, &projectWindow_);
   }
-  return std::make_unique<frmOptions>(desk_, &projectWindow_);
+  return std::make_unique<frmOptions>(desk_, window, &projectWindow_);
 }
 
 /// The window's own loop ends when the window is hidden, but only once the run that it has started
