@@ -75,7 +75,10 @@ class HydroFile : public testing::Test {
 
   bool Load(const std::string& text) {
     folder_.Write("a.hnp", text);
-    return LoadHNPFile(hydro_, project_, ui_, "a.hnp ");
+    const bool loaded = LoadHNPFile(hydro_, project_, ui_, "a.hnp ");
+    EXPECT_TRUE(!loaded || hydro_.OnDisk == StampOf("a.hnp"));
+    hydro_.OnDisk = {};  // of this file alone
+    return loaded;
   }
   bool Save() { return SaveHNPFile(hydro_, project_, ui_, " a.hnp"); }
 

@@ -41,7 +41,10 @@ class LibraryFile : public testing::Test {
  protected:
   bool Load(const std::string& text) {
     folder_.Write("a.xsg", text);
-    return LoadXSGFile(library_, {}, ui_, " a.xsg");
+    const bool loaded = LoadXSGFile(library_, {}, ui_, " a.xsg");
+    EXPECT_TRUE(!loaded || library_.OnDisk == StampOf("a.xsg"));
+    library_.OnDisk = {};  // of this file alone
+    return loaded;
   }
   bool Save() { return SaveXSGFile(library_, {}, ui_, "a.xsg "); }
 
