@@ -10,7 +10,8 @@ namespace lomaris {
 namespace {
 
 constexpr std::int64_t kSecondsPerDay = 86400;
-
+constexpr double kNoTimeYet = 1e30;
+constexpr double kSlowestDraw = 10.0 / kSecondsPerDay;
 constexpr double kLongest = 1e12;  // s
 
 std::int64_t Rounded(double seconds) {
@@ -34,6 +35,13 @@ std::string TimeLeftText(double days) {
       wholeDays == 0 ? "" : fmt::format("{} {} ", wholeDays, wholeDays == 1 ? "day" : "days");
   return before +
          fmt::format("{:02}:{:02}:{:02}", seconds / 3600 % 24, seconds / 60 % 60, seconds % 60);
+}
+
+double SteadyTimeLeft(double shown, double estimate, double elapsed) {
+  if (shown <= 0 || shown >= kNoTimeYet || estimate <= 0) return estimate;
+  const double counted = std::max(0.0, shown - elapsed);
+  const double slowness = std::min(kSlowestDraw, estimate / 4);
+  return counted + (estimate - counted) * elapsed / (elapsed + slowness);
 }
 
 }  // namespace lomaris

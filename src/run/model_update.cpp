@@ -107,8 +107,11 @@ void ShowTimeLeft(const ModelLink& link, float percent) {
     return;
   }
   if (std::exchange(state.Calculating, false)) state.RescaleChart = true;
-  const double elapsed = (link.Time.Seconds() - state.Start) / kSecondsPerDay;
-  state.TimeLeft = static_cast<float>((100.0 / percent - 1) * elapsed);
+  const double now = link.Time.Seconds();
+  const double estimate = (100.0 / percent - 1) * (now - state.Start) / kSecondsPerDay;
+  const double elapsed = (now - state.LastUpdate) / kSecondsPerDay;
+  state.TimeLeft = static_cast<float>(SteadyTimeLeft(state.TimeLeft, estimate, elapsed));
+  state.LastUpdate = now;
   link.Monitor.SetTimeRemaining("Time Remaining: " + TimeLeftText(state.TimeLeft));
 }
 

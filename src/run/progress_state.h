@@ -13,6 +13,7 @@ namespace lomaris {
 struct ProgressState {
   ProcessId Process = 0;
   double Start = 0;                        ///< s by the clock, of the first update
+  double LastUpdate = 0;                   ///< s, of the last one that told the time left
   bool FileSeen = false;                   ///< the model's file has been opened
   bool MismatchTold = false;               ///< results of another network have been named
   bool WindowShown = false;                ///< the first update has been seen

@@ -51,6 +51,16 @@ TEST(Command, LosesItsQuotesOnlyWhereAFolderIsNamed) {
   EXPECT_EQ(bare.Arguments, " -o \"a\\b c\"");
 }
 
+TEST(TimeLeft, IsTheEstimateForASteadyModelAndDoesNotJumpForAnother) {
+  constexpr double kSecond = 1.0 / 86400;
+  EXPECT_NEAR(SteadyTimeLeft(100 * kSecond, 99 * kSecond, kSecond), 99 * kSecond, 1e-12);
+  double shown = SteadyTimeLeft(100 * kSecond, 200 * kSecond, kSecond);
+  EXPECT_NEAR(shown, 108 * kSecond, kSecond);
+  for (int i = 0; i < 60; ++i) shown = SteadyTimeLeft(shown, 200 * kSecond, kSecond);
+  EXPECT_NEAR(shown, 190 * kSecond, kSecond) << "ten seconds late";
+  EXPECT_EQ(SteadyTimeLeft(100 * kSecond, 0, kSecond), 0) << "the end";
+}
+
 TEST(Texts, OfTimesAndResults) {
   EXPECT_EQ(DurationText(59.4), "59 seconds");
   EXPECT_EQ(DurationText(59.6), "60 seconds");
