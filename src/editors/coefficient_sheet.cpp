@@ -98,25 +98,28 @@ void CoefficientSheet::SetDerived(std::string heading,
 }
 
 void CoefficientSheet::Fill(std::vector<Place> places) {
+  const auto current = Current();
   places_ = std::move(places);
-  Show();
+  Show(current);
 }
 
 void CoefficientSheet::SetByPlace(bool byPlace) {
+  const auto current = Current();
   byPlace_ = byPlace;
-  Show();
+  Show(current);
 }
 
 void CoefficientSheet::SetFilter(const std::string& filter) {
-  filter_ = UpperCase(Trim(filter));
+  const auto current = Current();
+  const std::string wanted = UpperCase(Trim(filter));
   lines_.clear();
   for (std::int64_t i = 1; i <= parameters_.UpperBound(); ++i) {
     const KineticParameter& each = parameters_[i];
     const std::string text = UpperCase(each.Name + "\n" + each.Units + "\n" + each.Mnemonic);
-    if (text.find(filter_) != std::string::npos) lines_.push_back(i);
+    if (text.find(wanted) != std::string::npos) lines_.push_back(i);
   }
   std::ranges::stable_sort(lines_, {}, [this](std::int64_t i) { return parameters_[i].GridRow; });
-  Show();
+  Show(current);
 }
 
 // --- Where things stand.
@@ -145,13 +148,29 @@ std::optional<CoefficientSheet::Spot> CoefficientSheet::SpotAt(int row, int col)
   return Spot{static_cast<std::size_t>(line), static_cast<std::size_t>(place)};
 }
 
+CoefficientSheet::Coefficient CoefficientSheet::Current() const {
+  const auto spot = SpotAt(sheet_.Selected().Row, sheet_.Selected().Col);
+  return spot ? Coefficient{lines_[spot->Line], spot->Place} : Coefficient{};
+}
+
+/// One that is on view no more makes way for the first one.
+void CoefficientSheet::Select(const Coefficient& current) {
+  Spot spot;
+  const auto line = std::ranges::find(lines_, current.Position);
+  if (line != lines_.end() && current.Place < places_.size()) {
+    spot = {static_cast<std::size_t>(line - lines_.begin()), current.Place};
+  }
+  const CellPlace at = CellOf(spot);
+  sheet_.SelectArea({at.Row, at.Col, at.Row, at.Col});
+}
+
 const KineticParameter& CoefficientSheet::Parameter(std::size_t line) const {
   return parameters_[lines_.at(line)];
 }
 
 // --- Showing and taking.
 
-void CoefficientSheet::Show() {
+void CoefficientSheet::Show(const Coefficient& current) {
   const int lines = static_cast<int>(lines_.size()) + DerivedLines();
   const int places = static_cast<int>(places_.size());
   const int heads = byPlace_ ? 1 : static_cast<int>(HeadLinesOf(parameters_).size());
@@ -172,6 +191,7 @@ void CoefficientSheet::Show() {
     }
   }
   Derive();
+  Select(current);
 }
 
 /// Parameters are rows: what the heads say of them stands in columns.
@@ -288,7 +308,7 @@ void CoefficientSheet::Derive() {
   if (!derive_) return;
   for (std::size_t place = 0; place < places_.size(); ++place) {
     const CellPlace at = DerivedCell(place);
-    sheet_.SetTextMatrix(at.Row, at.Col, derive_(ValuesIn(place)));
+    sheet_.SetDerivedText(at.Row, at.Col, derive_(ValuesIn(place)));
   }
 }
 

@@ -70,7 +70,8 @@ class CoefficientSheet {
   /// The same as the cells have them by now; of one that makes no number, as it was.
   Values ValuesIn(std::size_t place) const;
 
-  // Both fill the grid anew; what is to stay has been taken before.
+  // Both fill the grid anew; what is to stay has been taken before. The current cell is that of the
+  // same coefficient, if it is still on view.
   void SetByPlace(bool byPlace);
   bool ByPlace() const { return byPlace_; }
   /// Shows the parameters alone whose name, units or mnemonic hold the text.
@@ -96,12 +97,20 @@ class CoefficientSheet {
     std::size_t Place = 0;
   };
 
+  /// The coefficient of the current cell, whichever way round the grid is.
+  struct Coefficient {
+    std::int64_t Position = 0;  ///< 0 for none
+    std::size_t Place = 0;
+  };
+
+  Coefficient Current() const;
+  void Select(const Coefficient& current);
   CellPlace CellOf(const Spot& spot) const;
   CellPlace DerivedCell(std::size_t place) const;
   std::optional<Spot> SpotAt(int row, int col) const;
   const KineticParameter& Parameter(std::size_t line) const;
   float ValueIn(const Spot& spot) const;
-  void Show();
+  void Show(const Coefficient& current);
   void ShowParameterHeads();
   void ShowPlaceHeads();
   Format FormatOf(const KineticParameter& parameter) const;
@@ -114,7 +123,6 @@ class CoefficientSheet {
   std::string derivedHeading_;
   std::function<std::string(const Values&)> derive_;
   std::vector<Place> places_;
-  std::string filter_;
   std::vector<std::int64_t> lines_;  ///< positions of the parameters on view, in the grid's order
   Sheet sheet_;
 };

@@ -76,6 +76,13 @@ void Sheet::SetCell(int row, int col, Cell cell) {
       .push_back({{row, col}, std::exchange(target, std::move(cell))});
 }
 
+void Sheet::SetDerivedText(int row, int col, std::string text) {
+  Cell& target = grid_.At(row, col);
+  if (target.Text == text) return;
+  target = {std::move(text)};
+  Refresh(false);
+}
+
 void Sheet::SetReadOnlyRow(int row, bool readOnly) {
   grid_.SetRowLocked(row, readOnly);
   Refresh(false);

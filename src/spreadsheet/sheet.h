@@ -77,6 +77,10 @@ class Sheet {
   void SetTextMatrix(int row, int col, std::string text) { SetCell(row, col, {std::move(text)}); }
   void SetCell(int row, int col, Cell cell);
 
+  /// A text that follows from those of other cells, and so belongs to no step: its owner writes it
+  /// whenever those have changed, while a step is undone or redone as well, and the history stays.
+  void SetDerivedText(int row, int col, std::string text);
+
   /// Shows a date-time in the cells' form and keeps it whole behind the text.
   void SetDate(int row, int col, ModelDateTime dateTime);
 

@@ -104,6 +104,10 @@ TEST_F(QualDeskTest, GridsFollowTheCatalogueBothWaysRound) {
             "Default ->");
   EXPECT_EQ(xsects.TextMatrix(0, 2), "Constant\nDispersion Rate\n\nft\u00B2/sec\n\nDISPC\n0");
   EXPECT_EQ(ClipText(xsects, {2, 0, 2, 2}), "CR 19.53\tCovar, Wind\t61");
+  xsects.SelectArea({2, 5, 2, 5});
+  EXPECT_TRUE(desk.ShowByXSect(false) && desk.Filter(desk.XSectKinetics(), "o'connor"));
+  EXPECT_EQ(ClipText(xsects, xsects.SelectedArea()), "0");
+  EXPECT_TRUE(xsects.Selected().Row == 2 && xsects.Selected().Col == 6) << "the same coefficient";
   const Sheet& initial = desk.InitialCond().Grid();
   EXPECT_EQ(initial.TextMatrix(0, 1), "Temp\n\u00B0C");
   EXPECT_EQ(ClipText(initial, {1, 0, 1, 2}), "CR 19.88\t5.7\t1.8");
@@ -128,6 +132,11 @@ TEST_F(QualDeskTest, ReaerationFormulaFollowsAllThreeGridsAndTheLastTestWins) {
   EXPECT_TRUE(Type(desk.XSectKinetics(), "Tsivoglou - Wallace Escape Coefficient", " "));
   EXPECT_TRUE(Type(desk.GlobalKinetics(), "Covar Reaeration Option", "0"));
   EXPECT_EQ(formula(), "None");
+  EXPECT_TRUE(grid.Undo());
+  EXPECT_EQ(formula(), "T-W") << "an edit of another grid left this one's history alone";
+  while (grid.Undo()) {
+  }
+  EXPECT_EQ(formula(), "None") << "not what it was before that edit";
 }
 
 TEST_F(QualDeskTest, AnUntypicalValueIsRemarkedOnAndTheDefaultIsNot) {
