@@ -85,6 +85,27 @@ TEST_F(QualWindow, WhatIsEditedOnEachPageIsSavedAndNothingElse) {
   EXPECT_FALSE(qual.Bypass[16]);
 }
 
+TEST_F(QualWindow, StartsAtItsLeftAndTheKeyboardGoesThroughAllOfAPage) {
+  for (int page = 0; page < 8; ++page) {
+    ShowPage(page);
+    for (const auto* grid : window->findChildren<QTableView*>()) {
+      EXPECT_TRUE(!grid->isVisible() || grid->columnAt(0) == 0) << page;
+    }
+  }
+  ShowPage(3);
+  Find<QTabWidget>("SSTabMainQ")->tabBar()->setFocus();
+  std::string order;
+  for (int i = 0; i < 6; ++i) {
+    QWidget* const from = QApplication::focusWidget();
+    const bool isGrid = qobject_cast<QTableView*>(from) != nullptr;
+    QTest::keyClick(from, Qt::Key_Tab, isGrid ? Qt::ControlModifier : Qt::NoModifier);
+    order += QApplication::focusWidget()->accessibleName().toStdString() + "; ";
+  }
+  EXPECT_EQ(order,
+            "Choices for the upstream boundary file; Downstream boundary file; Choices for the "
+            "downstream boundary file; Filter; Branch kinetics; Branch; ");
+}
+
 TEST_F(QualWindow, ARefusedCellStaysAndADefaultComesBackByOneKey) {
   ShowPage(4);
   auto* branches = Find<QTabBar>("SSTabBranchQ");

@@ -202,14 +202,25 @@ void GridView::TakeHeadSelection() {
   ShowSelection();
 }
 
-/// Scrolls to a cell; of lines that are selected whole only across them.
+/// Scrolls to a cell; of lines that are selected whole only across them. With the first cell the
+/// fixed ones before it come into view, to which no key leads.
 void GridView::Reveal(CellPlace place) {
+  if (!isVisible()) return;  // its size is not known before
   const CellArea area = sheet_.SelectedArea();
   const CellArea all = sheet_.AllCells();
   QModelIndex index = model_->IndexOf(place);
   if (area.Rows() == all.Rows()) index = index.siblingAtRow(rowAt(0));
   if (area.Cols() == all.Cols()) index = index.siblingAtColumn(columnAt(0));
-  if (index.isValid()) scrollTo(index);
+  if (!index.isValid()) return;
+  if (place.Row == all.Top && area.Rows() < all.Rows()) scrollTo(index.siblingAtRow(0));
+  if (place.Col == all.Left && area.Cols() < all.Cols()) scrollTo(index.siblingAtColumn(0));
+  scrollTo(index);
+}
+
+void GridView::showEvent(QShowEvent* event) {
+  QTableView::showEvent(event);
+  TakeChanges();
+  Reveal({shown_.Row, shown_.Col});
 }
 
 void GridView::Edit(EditStart start, const QString& typed) {

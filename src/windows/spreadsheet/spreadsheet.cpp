@@ -42,6 +42,7 @@ void Spreadsheet::Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDat
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   grid_ = new GridView(sheet, screen, settings, *commands_);
+  if (!accessibleName().isEmpty()) grid_->setAccessibleName(accessibleName());
   findBar_ = new FindBar(sheet);
   status_ = new SelectionStatus(sheet);
   layout->addWidget(grid_);
@@ -49,7 +50,7 @@ void Spreadsheet::Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDat
   layout->addWidget(status_);
   pages_->addWidget(page);
   PutIntoTabOrder(*this, *page);
-  setFocusProxy(grid_);
+  setFocusPolicy(Qt::ClickFocus);  // the grid has the place in the tab order now
   // A sheet that outlives its window is not to tell a window that is gone.
   sheet.Events.Refresh = [grid = QPointer(grid_)](bool) {
     if (grid) grid->Refresh();
@@ -143,14 +144,19 @@ void Spreadsheet::ShowChart() {
   }
   if (!chart_->ShowArea(sheet_->SelectedArea())) return;
   pages_->setCurrentWidget(chart_);
-  setFocusProxy(chart_);
   chart_->setFocus();
 }
 
 void Spreadsheet::ShowGrid() {
   pages_->setCurrentIndex(0);
-  setFocusProxy(grid_);
   grid_->setFocus();
+}
+
+/// No focus proxy does this: it would keep the place in the tab order that this was made with.
+void Spreadsheet::focusInEvent(QFocusEvent* event) {
+  if (grid_ == nullptr) return QWidget::focusInEvent(event);
+  QWidget* const shown = pages_->currentIndex() == 0 ? grid_ : static_cast<QWidget*>(chart_);
+  shown->setFocus(event->reason());
 }
 
 void Spreadsheet::FollowLines(Axis axis, int first, int count, bool inserted) {

@@ -155,6 +155,7 @@ class Spreadsheet : public QWidget {
 
  protected:
   bool event(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
   /// What a form says of the table's shape, until there is one.
