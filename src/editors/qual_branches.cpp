@@ -12,12 +12,17 @@ namespace {
 
 constexpr const char* kYes = "Yes";
 
-constexpr const char* kFollowQuestion =
+constexpr const char* kOtherShape =
     "The network has other branches or cross sections now than this Water Quality input file, "
-    "which would not fit it any more.\r\n\r\n"
+    "which would not fit it any more.\r\n\r\n";
+constexpr const char* kOtherPlaces =
+    "The network has other cross sections now than this Water Quality input file, or has them in "
+    "another order, though as many in each branch.\r\n\r\n";
+constexpr const char* kFollowQuestion =
     "Do you want the branches and cross sections of this file to follow the network's? Cross "
     "sections are matched by name within their branch; a new one gets the values of the one before "
     "it, and a new branch gets default values.";
+constexpr const char* kStayingPlaces = " If you answer No, the values stay where they are.";
 
 }  // namespace
 
@@ -26,16 +31,22 @@ void QualDesk::ShowBranch(const QualBranchForm& form) {
   view_.ShowBranch(form);
 }
 
-/// All of them in the list, and the first one in the fields and grids.
-void QualDesk::ShowBranches() {
-  const QualInput& qual = Qual();
+std::vector<std::string> QualDesk::BranchNames() const {
   std::vector<std::string> names;
-  for (int i = 1; i <= qual.BranchCount; ++i) names.push_back(qual.Branches[i].Name);
-  const int entry = names.empty() ? -1 : 0;
-  {
-    const RaisedFlag ownChange(showing_);
-    view_.ShowBranchList(names, entry);
-  }
+  for (int i = 1; i <= Qual().BranchCount; ++i) names.push_back(Qual().Branches[i].Name);
+  return names;
+}
+
+void QualDesk::ListBranches(int selected) {
+  listed_ = BranchNames();
+  const RaisedFlag ownChange(showing_);
+  view_.ShowBranchList(listed_, selected);
+}
+
+/// All of them in the list, and one in the fields and grids, the last one for one that is gone.
+void QualDesk::ShowBranches(int entry) {
+  entry = Min(entry, Qual().BranchCount - 1);
+  ListBranches(entry);
   ShowEntry(entry);
 }
 
@@ -79,15 +90,21 @@ void QualDesk::FillPlotted() {
   plotted_.SetColFormat(kPlottedPrintCol, {FormatKind::Choice, "Yes;No"});
   if (branch_ == 0) return;
   const QualBranchRec& record = Qual().Branches[branch_];
-  const BranchRec& branch = around_.Hydro.Branches[branch_];
   plotted_.SetRows(plotted_.FixedRows() + record.XSectCount);
   for (int i = 1; i <= record.XSectCount; ++i) {
     const int row = plotted_.FixedRows() + i - 1;
     plotted_.SetTextMatrix(row, kPlottedNameCol, record.XSects[i].Name);
-    if (i <= branch.XSectCount) {
-      plotted_.SetTextMatrix(row, kPlottedNetworkNameCol, branch.XSects[i].Name);
-    }
     plotted_.SetTextMatrix(row, kPlottedPrintCol, record.XSects[i].Print ? kYes : "No");
+  }
+  FillNetworkNames();
+}
+
+void QualDesk::FillNetworkNames() {
+  const BranchRec& branch = around_.Hydro.Branches[branch_];
+  const int count = Min(Qual().Branches[branch_].XSectCount, branch.XSectCount);
+  for (int i = 1; i <= count; ++i) {
+    const int row = plotted_.FixedRows() + i - 1;
+    plotted_.SetDerivedText(row, kPlottedNetworkNameCol, branch.XSects[i].Name);
   }
 }
 
@@ -128,25 +145,59 @@ bool QualDesk::SelectBranch(int entry) {
   });
 }
 
-/// With a network that has no record for each of its cross sections a file could not be read again.
-/// False: the user keeps the branches as they are, and so they are not saved.
+/// With a network that has no record for each of its cross sections a file could not be read again;
+/// and as many cross sections as before may be others. False: the user keeps branches that do not
+/// fit, and so they are not saved.
 bool QualDesk::FollowNetwork() {
-  if (!around_.Hydro.HydroLoaded || FitsNetwork(Qual(), around_.Hydro)) return true;
-  const Answer answer = around_.Screen.ShowMessage({.Text = kFollowQuestion,
-                                                    .Title = "Warning",
-                                                    .BoxIcon = Icon::Warning,
-                                                    .BoxButtons = Buttons::YesNo});
-  keepsBranches_ = answer != Answer::Yes;
-  if (keepsBranches_ || !TakeBranch()) return false;
-  lomaris::FollowNetwork(Qual(), around_.Hydro, catalogue_);
-  Edited();
-  ShowBranches();
+  const HydroInput& hydro = around_.Hydro;
+  NetworkNames now = NamesOf(hydro);
+  if (!hydro.HydroLoaded || now == network_) return true;
+  const bool fits = FitsNetwork(Qual(), hydro);
+  const bool isAnother = now.FileName != network_.FileName && now.XSects != network_.XSects;
+  if (!fits || isAnother || !KeepsPlaces(network_, now)) {
+    const std::string which =
+        isAnother ? "The network is that of " + hydro.FileName + " now.\r\n\r\n" : "";
+    const Answer answer =
+        around_.Screen.ShowMessage({.Text = which + (fits ? kOtherPlaces : kOtherShape) +
+                                            kFollowQuestion + (fits ? kStayingPlaces : ""),
+                                    .Title = "Warning",
+                                    .BoxIcon = Icon::Warning,
+                                    .BoxButtons = Buttons::YesNo});
+    const bool follows = answer == Answer::Yes && view_.EndEdits() && TakeBranch();
+    keepsBranches_ = !follows && (!fits || answer == Answer::Yes);
+    if (keepsBranches_) return false;
+    if (follows) {
+      lomaris::FollowNetwork(Qual(), network_, hydro, catalogue_);
+      Edited();
+      ShowBranches(branch_ - 1);
+    }
+  }
+  network_ = std::move(now);
   return true;
+}
+
+/// Brings what the window says of the network itself up to date.
+void QualDesk::ShowNetwork() {
+  QualForm form = view_.Form();
+  form.SimPeriod = FormOf(Qual(), around_.Hydro).SimPeriod;
+  if (form != view_.Form()) ShowForm(form);
+  if (branch_ > Qual().BranchCount) return ShowBranches(branch_ - 1);
+  if (listed_ != BranchNames()) ListBranches(branch_ - 1);
+  if (branch_ == 0) return;
+  FillNetworkNames();
+  StoreBranchFields(view_.Branch(), shownBranch_, Qual().Branches[branch_]);
+  shownBranch_ = BranchFormOf(Qual(), around_.Hydro, branch_);
+  if (shownBranch_ != view_.Branch()) ShowBranch(shownBranch_);
 }
 
 void QualDesk::Activated() {
   if (!open_ || showing_) return;
-  Run("Form_Activate", [&] { return keepsBranches_ || FollowNetwork(); });
+  Run("Form_Activate", [&] {
+    FollowProjectsNames();
+    if (keepsBranches_ || !FollowNetwork()) return false;
+    if (around_.Hydro.HydroLoaded) ShowNetwork();
+    return true;
+  });
 }
 
 bool QualDesk::OffersNetworkNames() const {
@@ -159,7 +210,7 @@ void QualDesk::TakeNetworkNames() {
     if (!TakeBranch()) return false;
     lomaris::TakeNetworkNames(Qual(), around_.Hydro);
     Edited();
-    ShowBranches();
+    ShowBranches(branch_ - 1);
     return true;
   });
 }

@@ -39,11 +39,9 @@ BoundedArray<KineticParameter> Constituents(const Tables& tables) {
   return parameters;
 }
 
-/// Where only the project has another value now, the record follows it.
-template <class Value>
-void Follow(Value& mine, const Value& mineBefore, const Value& projects,
-            const Value& projectsBefore) {
-  if (mine == mineBefore && projects != projectsBefore) mine = projects;
+/// Whether an input is to be built.
+bool IsNew(const std::string& fileName) {
+  return fileName.empty() || fileName == kNewQualFile;
 }
 
 }  // namespace
@@ -83,47 +81,50 @@ void QualDesk::Edited() {
 
 /// Records to work on apart from the shared ones. The names in a file of another project mean what
 /// lies beside that file; an input that is built has those of the project.
-std::unique_ptr<QualDesk::OwnRecords> QualDesk::RecordsAside(const std::string& fileName,
-                                                             bool isNew) const {
+std::unique_ptr<QualDesk::OwnRecords> QualDesk::RecordsAside(const std::string& fileName) const {
   auto own = std::make_unique<OwnRecords>(OwnRecords{around_.Project, {}});
   std::string& beside = own->Project.FileName;
-  if (!isNew) beside = FindFile(fileName, beside).value_or(beside);
+  if (!IsNew(fileName)) beside = FindFile(fileName, beside).value_or(beside);
   return own;
 }
 
-/// Into the records in use.
-bool QualDesk::Load(const std::string& fileName, bool isNew) {
+/// Nothing when the file cannot be read.
+std::optional<QualInput> QualDesk::Load(const std::string& fileName, ProjectData& project,
+                                        NamesFrom names) {
   QualInput loaded;
   QualLoad how;
   how.ProgramFolder = around_.ProgramFolder;
   how.SetProgress = [this](int percent) { view_.ShowProgress(percent); };
-  how.Names = own_ && !isNew ? NamesFrom::File : NamesFrom::Project;
-  if (!LoadQNPFile(loaded, Project(), around_.Hydro, around_.Screen, fileName, how)) return false;
+  how.Names = names;
+  const bool read = LoadQNPFile(loaded, project, around_.Hydro, around_.Screen, fileName, how);
+  view_.ShowProgress(100);
+  if (!read) return std::nullopt;
   if (loaded.FileName.empty()) {  // nothing was there to be read
-    loaded = NewQualInput(around_.Hydro, Project(), catalogue_);
-    if (!isNew) loaded.FileName = fileName;
+    loaded = NewQualInput(around_.Hydro, project, catalogue_);
+    if (!IsNew(fileName)) loaded.FileName = fileName;
     loaded.Dirty = true;
   }
-  Qual() = std::move(loaded);
-  return true;
+  return loaded;
 }
 
 bool QualDesk::Open(const std::string& fileName, bool aside) {
   return Run("Initialize", [&] {
     if (open_ && !MayDropChanges()) return false;
-    const bool isNew = fileName.empty() || fileName == kNewQualFile;
     catalogue_ = BuildCatalogue(around_.Screen);
-    auto before = std::exchange(own_, aside ? RecordsAside(fileName, isNew) : nullptr);
-    const bool loaded = Load(fileName, isNew);
-    view_.ShowProgress(100);
+    auto own = aside ? RecordsAside(fileName) : nullptr;
+    ProjectData& project = own ? own->Project : around_.Project;
+    const bool asInFile = aside && !IsNew(fileName);
+    auto loaded = Load(fileName, project, asInFile ? NamesFrom::File : NamesFrom::Project);
     if (!loaded) {
-      own_ = std::move(before);
       if (open_) ShowAll();  // without the changes that were given up
       return false;
     }
+    own_ = std::move(own);
+    Qual() = *std::move(loaded);
     view_.SetCaption(QualCaption(fileName));
     open_ = true;
     keepsBranches_ = false;
+    network_ = NamesOf(around_.Hydro);
     global_.SetParameters(catalogue_.Global);
     branchKinetics_.SetParameters(catalogue_.Branch);
     xsectKinetics_.SetParameters(catalogue_.XSect);
@@ -148,7 +149,7 @@ void QualDesk::ShowAll() {
   ShowForm(FormOf(qual, around_.Hydro));
   FillSteps(steps_, {qual.PrintStepCount, qual.PrintSteps});
   global_.Fill({{"Value", qual.GlobalKinetics}});
-  ShowBranches();
+  ShowBranches(0);
 }
 
 // --- Closing and saving.
@@ -175,6 +176,7 @@ void QualDesk::BypassTemperature() {
   if (qual.Bypass[kTemperature] || qual.MetCount > 0) return;
   Tell(kNeedsMetFile, "Warning");
   qual.Bypass[kTemperature] = true;
+  Edited();
   QualForm form = view_.Form();
   form.Calculated[kTemperature - 1] = false;
   ShowForm(form);
@@ -191,34 +193,34 @@ bool QualDesk::TakeAll() {
                     {qual.PrintStepCount, qual.PrintSteps}, around_.Screen);
 }
 
-/// What the user has chosen in the project window meanwhile stands, where nothing was chosen here.
-void QualDesk::FollowProjectsNames() {
-  QualInput& qual = Qual();
-  const ProjectData& project = Project();
-  const ProjectData& before = projectAsOpened_;
-  Follow(qual.LatFile, asOpened_.LatFile, project.LatFileQ, before.LatFileQ);
-  Follow(qual.PowFile, asOpened_.PowFile, project.PowFileQ, before.PowFileQ);
-  Follow(qual.MetFiles, asOpened_.MetFiles, project.MetFiles, before.MetFiles);
-  Follow(qual.MetCount, asOpened_.MetCount, project.MetCount, before.MetCount);
-  const auto count = Min(project.BCFilesQ.UpperBound(), before.BCFilesQ.UpperBound());
-  for (int i = 1; i <= qual.BranchCount && i <= asOpened_.BranchCount && i <= count; ++i) {
-    const BranchBCFiles& now = project.BCFilesQ[i];
-    const BranchBCFiles& was = before.BCFilesQ[i];
-    Follow(qual.Branches[i].USFile, asOpened_.Branches[i].USFile, now.Upstream, was.Upstream);
-    Follow(qual.Branches[i].DSFile, asOpened_.Branches[i].DSFile, now.Downstream, was.Downstream);
+/// A branch with too few cross sections could not be read again.
+bool QualDesk::HasEnoughXSects() {
+  for (int i = 1; i <= Qual().BranchCount; ++i) {
+    if (Qual().Branches[i].XSectCount >= kFewestXSects) continue;
+    TellTooFewXSects(around_.Screen);
+    return false;
   }
+  return true;
 }
 
+/// What was opened aside and is saved as the file of the project is the project's from then on.
 bool QualDesk::Write(bool saveAs) {
-  QualInput& qual = Qual();
-  ProjectData& project = Project();
-  const std::string name =
-      NameToSaveUnder(qual.FileName, qual.OnDisk, saveAs, kQualFilter, project.FileName, around_);
-  if (name.empty() || !FollowNetwork() || !TakeAll()) return false;
+  const std::string name = NameToSaveUnder(Qual().FileName, Qual().OnDisk, saveAs, kQualFilter,
+                                           Project().FileName, around_);
+  if (name.empty()) return false;
   FollowProjectsNames();
-  if (!SaveQNPFile(qual, project, around_.Screen, name)) return false;
+  if (!FollowNetwork() || !HasEnoughXSects() || !TakeAll()) return false;
+  ProjectData& shared = around_.Project;
+  const bool isProjects = SameFile(name, shared.QualFile, shared.FileName);
+  ProjectData& project = isProjects ? shared : Project();
+  if (!SaveQNPFile(Qual(), project, around_.Screen, name)) return false;
+  if (own_ && isProjects) {
+    around_.Qual = std::move(own_->Qual);
+    own_.reset();
+  } else if (std::exchange(project.QualFile, name) != name) {
+    project.Dirty = true;
+  }
   view_.SetCaption(QualCaption(name));
-  if (std::exchange(project.QualFile, name) != name) project.Dirty = true;
   KeepAsOpened();
   around_.Windows.RefreshProjectWindow();
   return true;

@@ -2,11 +2,15 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "editors/coefficient_sheet.h"
+#include "editors/qual_network.h"
 #include "editors/qual_view.h"
 #include "editors/surroundings.h"
+#include "model/file_names.h"
 #include "model/kinetic_catalogue.h"
 #include "spreadsheet/sheet.h"
 
@@ -115,21 +119,27 @@ class QualDesk {
   bool Run(const char* routine, const std::function<bool()>& action);
   void SetUpGrids();
   void Tell(const std::string& text, const std::string& title);
-  std::unique_ptr<OwnRecords> RecordsAside(const std::string& fileName, bool isNew) const;
-  bool Load(const std::string& fileName, bool isNew);
+  std::unique_ptr<OwnRecords> RecordsAside(const std::string& fileName) const;
+  std::optional<QualInput> Load(const std::string& fileName, ProjectData& project, NamesFrom names);
   void KeepAsOpened();
   bool MayDropChanges();
   void ShowForm(const QualForm& form);
   void ShowAll();
-  void ShowBranches();
+  std::vector<std::string> BranchNames() const;
+  void ListBranches(int selected);
+  void ShowBranches(int entry);
   void ShowEntry(int entry);
   void ShowBranch(const QualBranchForm& form);
   void FillPlotted();
+  void FillNetworkNames();
   void TakePlotted();
   bool TakeBranch();
   bool TakeAll();
   void BypassTemperature();
+  bool HasEnoughXSects();
   bool FollowNetwork();
+  void ShowNetwork();
+  bool TakeProjectsNames();
   void FollowProjectsNames();
   bool Write(bool saveAs);
   std::string AskForFile(int slot, const std::string& title, const std::string& field);
@@ -148,13 +158,15 @@ class QualDesk {
   CoefficientSheet lateral_;
   Sheet steps_;
   Sheet plotted_;
-  QualInput asOpened_;           ///< the input as it was opened or saved last
-  ProjectData projectAsOpened_;  ///< the project at that moment
-  QualBranchForm shownBranch_;   ///< the boundary fields as they were shown
-  int branch_ = 0;               ///< number of the branch on view; 0 for none
-  bool keepsBranches_ = false;   ///< the user does not want the network's, for now
-  bool showing_ = false;         ///< what changes in the window now is our own doing
-  bool open_ = false;            ///< the window shows an input
+  QualInput asOpened_;               ///< the input as it was opened or saved last
+  ProjectData projectAsOpened_;      ///< the project at that moment
+  NetworkNames network_;             ///< that whose branches and cross sections the input has
+  std::vector<std::string> listed_;  ///< branches, as they were shown
+  QualBranchForm shownBranch_;       ///< the boundary fields as they were shown
+  int branch_ = 0;                   ///< number of the branch on view; 0 for none
+  bool keepsBranches_ = false;       ///< the user does not want the network's, for now
+  bool showing_ = false;             ///< what changes in the window now is our own doing
+  bool open_ = false;                ///< the window shows an input
 };
 
 }  // namespace lomaris

@@ -1,6 +1,7 @@
 // What the water quality editor does with the files that it names.
 
 #include <algorithm>
+#include <utility>
 
 #include "core/files.h"
 #include "core/raised_flag.h"
@@ -35,7 +36,66 @@ std::string SelectedMet(const QualForm& form) {
   return isSelected ? form.MetFiles[static_cast<std::size_t>(form.MetFile)] : std::string();
 }
 
+/// Where only the project has another value than before, the record takes it. True: it did.
+template <class Value>
+bool Follow(Value& mine, Value& mineBefore, const Value& projects, Value& projectsBefore) {
+  if (projects == projectsBefore || mine != mineBefore) return false;
+  projectsBefore = projects;
+  mineBefore = projects;
+  return std::exchange(mine, projects) != projects;
+}
+
+/// The list of meteorological files, which changes as a whole.
+template <class Record>
+std::vector<std::string> MetFilesOf(const Record& record) {
+  return {record.MetFiles.begin(), record.MetFiles.begin() + record.MetCount};
+}
+
+template <class Record>
+void SetMetFiles(Record& record, const std::vector<std::string>& names) {
+  record.MetCount = static_cast<std::int16_t>(names.size());
+  record.MetFiles = BoundedArray<std::string>(1, kMostMetFiles);
+  std::ranges::copy(names, record.MetFiles.begin());
+}
+
 }  // namespace
+
+/// What the user has chosen in the project window meanwhile stands, where nothing was chosen here.
+bool QualDesk::TakeProjectsNames() {
+  QualInput& qual = Qual();
+  const ProjectData& project = Project();
+  ProjectData& before = projectAsOpened_;
+  bool taken = Follow(qual.LatFile, asOpened_.LatFile, project.LatFileQ, before.LatFileQ);
+  taken |= Follow(qual.PowFile, asOpened_.PowFile, project.PowFileQ, before.PowFileQ);
+  const auto metFiles = MetFilesOf(project);
+  if (metFiles != MetFilesOf(before) && MetFilesOf(qual) == MetFilesOf(asOpened_)) {
+    taken = true;
+    SetMetFiles(qual, metFiles);
+    SetMetFiles(asOpened_, metFiles);
+    SetMetFiles(before, metFiles);
+  }
+  const auto count = Min(project.BCFilesQ.UpperBound(), before.BCFilesQ.UpperBound());
+  for (int i = 1; i <= qual.BranchCount && i <= asOpened_.BranchCount && i <= count; ++i) {
+    QualBranchRec& mine = qual.Branches[i];
+    QualBranchRec& was = asOpened_.Branches[i];
+    const BranchBCFiles& now = project.BCFilesQ[i];
+    taken |= Follow(mine.USFile, was.USFile, now.Upstream, before.BCFilesQ[i].Upstream);
+    taken |= Follow(mine.DSFile, was.DSFile, now.Downstream, before.BCFilesQ[i].Downstream);
+  }
+  return taken;
+}
+
+/// The fields show what has been taken: as they were they would put the old names back.
+void QualDesk::FollowProjectsNames() {
+  QualInput& qual = Qual();
+  StoreForm(view_.Form(), qual);
+  if (branch_ > 0) StoreBranchFields(view_.Branch(), shownBranch_, qual.Branches[branch_]);
+  if (!TakeProjectsNames()) return;
+  ShowForm(FormOf(qual, around_.Hydro));
+  if (branch_ == 0) return;
+  shownBranch_ = BranchFormOf(qual, around_.Hydro, branch_);
+  ShowBranch(shownBranch_);
+}
 
 /// A file of the kind that a slot of the project window takes; `field` names the one at hand. Empty
 /// when cancelled.
@@ -64,7 +124,8 @@ void QualDesk::EditFile(QualFile file) {
     const FileField& field = FieldOf(file);
     around_.Windows.FileEdit({.FileName = PathOf(FileIn(view_.Form().*field.Name)),
                               .Kind = field.Kind,
-                              .Slot = field.Slot});
+                              .Slot = field.Slot,
+                              .Aside = own_ != nullptr});
     return true;
   });
 }
@@ -119,7 +180,8 @@ void QualDesk::EditMet(const QualForm& form, MetAction action) {
   around_.Windows.FileEdit({.FileName = isNew ? std::string() : PathOf(SelectedMet(form)),
                             .Kind = "MET",
                             .Slot = kMetSlot,
-                            .Row = static_cast<int>(row) + 1});
+                            .Row = static_cast<int>(row) + 1,
+                            .Aside = own_ != nullptr});
 }
 
 void QualDesk::RunMet(MetAction action) {
@@ -167,8 +229,11 @@ void QualDesk::RunBoundary(QualBoundary action, bool isUpstream) {
     QualBranchForm form = view_.Branch();
     std::string& field = isUpstream ? form.USFile : form.DSFile;
     if (action == QualBoundary::Edit || action == QualBoundary::New) {
-      EditRequest request{
-          .Kind = "BCF", .Slot = kBoundarySlot, .Row = branch_, .IsUpstream = isUpstream};
+      EditRequest request{.Kind = "BCF",
+                          .Slot = kBoundarySlot,
+                          .Row = branch_,
+                          .IsUpstream = isUpstream,
+                          .Aside = own_ != nullptr};
       if (action == QualBoundary::Edit) request.FileName = PathOf(FileIn(field));
       around_.Windows.FileEdit(request);
       return true;

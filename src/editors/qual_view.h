@@ -21,6 +21,9 @@ class QualView {
   /// Fills `SSTabBranchQ` and selects a branch, from 0, -1 for none.
   virtual void ShowBranchList(const std::vector<std::string>& names, int selected) = 0;
 
+  /// Ends the edit of a cell. False: its text was refused, and its editor is still open.
+  virtual bool EndEdits() = 0;
+
   /// Of a load, in percent; 100 ends it.
   virtual void ShowProgress(int percent) = 0;
 

@@ -151,10 +151,7 @@ class QualReader {
             });
     branch.XSectCount = hydro_.Branches[number].XSectCount;
     if (branch.XSectCount < kFewestXSects) {
-      ui_.ShowMessage({.Text = "You must have at least 3 cross sections in your hydrodynamic "
-                               "model.\r\nCorrect the hydrodynamic model configuration (or load an "
-                               "appropriate, compatible Hydrodynamic Input File).",
-                       .Title = "Error"});
+      TellTooFewXSects(ui_);
       return false;
     }
     ReadXSects(number, branch);
@@ -327,6 +324,13 @@ bool LoadQNPFile(QualInput& qual, ProjectData& project, const HydroInput& hydro,
   qual = std::move(loaded);
   project = std::move(named);
   return true;
+}
+
+void TellTooFewXSects(Ui& ui) {
+  ui.ShowMessage({.Text = "You must have at least 3 cross sections in your hydrodynamic "
+                          "model.\r\nCorrect the hydrodynamic model configuration (or load an "
+                          "appropriate, compatible Hydrodynamic Input File).",
+                  .Title = "Error"});
 }
 
 bool SaveQNPFile(QualInput& qual, ProjectData& project, Ui& ui, const std::string& fileName) {

@@ -66,6 +66,9 @@ struct QualLoad {
 bool LoadQNPFile(QualInput& qual, ProjectData& project, const HydroInput& hydro, Ui& ui,
                  const std::string& fileName, const QualLoad& how = {});
 
+/// That water quality needs `kFewestXSects` cross sections in each branch.
+void TellTooFewXSects(Ui& ui);
+
 /// On success the project takes the boundary, meteorological and auxiliary names of `qual`, and is
 /// dirty when that changed one of them.
 ///

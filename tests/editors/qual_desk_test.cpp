@@ -28,6 +28,7 @@ class FakeQualView : public QualView {
   QualBranchForm Branch() const override { return Ends; }
   void ShowBranch(const QualBranchForm& form) override { Ends = form; }
   void ShowBranchList(const std::vector<std::string>& names, int) override { Names = names; }
+  bool EndEdits() override { return true; }
   void ShowProgress(int percent) override { Progress.push_back(percent); }
   void SetCaption(const std::string& caption) override { Title = caption; }
 };
@@ -192,6 +193,12 @@ TEST_F(QualDeskTest, ANewInputIsBuiltFromTheNetworkAndNotForTheProject) {
   EXPECT_TRUE(LoadQNPFile(built, project, hydro, ui, "built.qnp"));
   EXPECT_TRUE(FitsNetwork(built, hydro) && HasNetworkNames(built, hydro));
   EXPECT_TRUE(built.Branches[1].XSects[1].Print && built.Branches[2].BranchKinetics[16] == 25);
+  ASSERT_TRUE(desk.Open("QNP", true));
+  ui.Files = {{"a.met"}, {folder.Path(kName)}};
+  desk.RunMet(MetAction::Add);
+  EXPECT_TRUE(desk.Save(false));
+  EXPECT_EQ(project.MetFiles[2] + project.QualFile, std::string("a.met") + kName)
+      << "as the project's own file it is the project's";
 }
 
 TEST_F(QualDeskTest, BoundaryFieldsSayWhyThereIsNoFile) {
@@ -279,6 +286,7 @@ TEST_F(QualDeskTest, ANetworkThatChangesIsFollowedByNameAndOnlyWhenTheUserWants)
   std::rotate(xsects.begin() + 2, xsects.end() - 1, xsects.end());
   xsects[3] = xsects[2];
   xsects[3].Name = "CR new";
+  xsects[6].Name = "CR other name";
   hydro.Branches[++hydro.BranchCount] = hydro.Branches[3];
   hydro.Branches[4].Name = "New Creek";
 
@@ -292,6 +300,7 @@ TEST_F(QualDeskTest, ANetworkThatChangesIsFollowedByNameAndOnlyWhenTheUserWants)
   EXPECT_EQ(qual.Branches[1].XSects[2], before.XSects[2]);
   EXPECT_EQ(qual.Branches[1].XSects[3].InitialConc, before.XSects[2].InitialConc);
   EXPECT_EQ(qual.Branches[1].XSects[4], before.XSects[3]);
+  EXPECT_EQ(qual.Branches[1].XSects[6].InitialConc, before.XSects[5].InitialConc);
   EXPECT_EQ(qual.Branches[4].BranchKinetics[16], 25);
   QualInput again;
   EXPECT_TRUE(LoadQNPFile(again, project, hydro, ui, kName));
@@ -304,13 +313,46 @@ TEST_F(QualDeskTest, ANetworkThatChangesIsFollowedByNameAndOnlyWhenTheUserWants)
   EXPECT_EQ(desk.Plotted().TextMatrix(1, kPlottedNameCol), "Renamed");
 }
 
+TEST_F(QualDeskTest, AsManyCrossSectionsMayBeOthersAndAnotherNetworkIsToldOf) {
+  ASSERT_TRUE(desk.Open(kName));
+  const QualBranchRec before = qual.Branches[1];
+  hydro.FileName = "saved under another name.hnp";
+  hydro.Branches[1].XSects[1].Name = "CR renamed";
+  ui.Answers = {Answer::No};
+  desk.Activated();
+  EXPECT_THAT(ui.LastMessage(), StartsWith("The network is that of saved under another name.hnp "
+                                           "now.\r\n\r\nThe network has other cross sections "));
+  EXPECT_TRUE(qual.Branches[1] == before && !qual.Dirty);
+  EXPECT_EQ(desk.Plotted().TextMatrix(1, kPlottedNetworkNameCol), "CR renamed");
+  auto& xsects = hydro.Branches[1].XSects;
+  std::rotate(xsects.begin() + 2, xsects.begin() + 3, xsects.begin() + 9);  // as many, moved
+  ui.Answers = {Answer::Yes};
+  desk.Edited();
+  EXPECT_TRUE(desk.Save(false) && ui.Answers.empty());
+  EXPECT_EQ(qual.Branches[1].XSects[9], before.XSects[3]);
+  EXPECT_EQ(qual.Branches[1].XSects[3], before.XSects[4]);
+
+  hydro.Branches[++hydro.BranchCount].Name = "Mill Race";
+  qual.Branches[++qual.BranchCount].Name = "Mill Race";
+  desk.Activated();
+  EXPECT_EQ(view.Names.back(), "Mill Race");
+  EXPECT_FALSE(desk.Save(false));
+  EXPECT_THAT(ui.LastMessage(), StartsWith("You must have at least 3 cross sections in your "));
+}
+
 TEST_F(QualDeskTest, GivingUpAndTheProjectsOwnChoicesAreKept) {
   ASSERT_TRUE(desk.Open(kName));
   project.LatFileQ = "other.lat";  // chosen in the project window meanwhile
   view.Fields.Calculated[2] = !view.Fields.Calculated[2];
   desk.Edited();
-  EXPECT_TRUE(desk.Save(false));
-  EXPECT_EQ(project.LatFileQ + qual.LatFile, "other.latother.lat");
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_TRUE(desk.Save(false));
+    EXPECT_EQ(project.LatFileQ + qual.LatFile + view.Fields.LatFile, "other.latother.latother.lat");
+  }
+  project.MetFiles[1] = "a.met";
+  project.BCFilesQ[1].Downstream = "b.bcf";
+  desk.Activated();
+  EXPECT_EQ(view.Fields.MetFiles[0] + view.Ends.DSFile, "a.metb.bcf");
   desk.CalculateAll(false);
   ui.Answers = {Answer::No};
   EXPECT_TRUE(desk.QueryUnload());

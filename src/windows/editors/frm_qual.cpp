@@ -72,20 +72,16 @@ frmQual::~frmQual() {
 }
 
 void frmQual::Initialize(const EditRequest& request) {
-  if (!EndGridEdits()) return;
+  if (!EndEdits()) return;
   const QString before = windowTitle();
   setWindowTitle(ToQt(QualCaption(request.FileName)));
   if (FileAlreadyOpen(windowTitle(), around_.Screen)) {
     close();
     return;
   }
-  for (const CoefficientGrid& grid : coefficients_) {
-    if (grid.Filter == nullptr) continue;
-    const QSignalBlocker ownChange(grid.Filter);
-    grid.Filter->clear();
-  }
   if (desk_.Open(request.FileName, request.Aside)) {
     isOpen_ = true;
+    ForgetFilters();
     ui_->SSTabMainQ->setCurrentIndex(0);
     ui_->txtDescriptionQ->setFocus();
     return;
@@ -194,13 +190,13 @@ void frmQual::ConnectBranch() {
     connect(field, &QLineEdit::textChanged, this, [this] { desk_.Edited(); });
   }
   for (QTabBar* bar : {ui_->SSTabMainQ->tabBar(), ui_->SSTabBranchQ}) {
-    GuardPages(*bar, [this] { return EndGridEdits(); });
+    GuardPages(*bar, [this] { return EndEdits(); });
   }
 }
 
 /// A branch whose cells are refused stays on view.
 void frmQual::SelectBranch(int entry) {
-  if (EndGridEdits() && desk_.SelectBranch(entry)) {
+  if (EndEdits() && desk_.SelectBranch(entry)) {
     entry_ = entry;
   } else {
     const QSignalBlocker ownChange(ui_->SSTabBranchQ);

@@ -33,11 +33,11 @@ class frmQual : public EditorWindow, private QualView {
   void Initialize(const EditRequest& request) override;
   std::string FileName() const override { return desk_.FileName(); }
   bool NeedsNetwork() const override { return true; }
-  bool HasUnsavedChanges() override { return !EndGridEdits() || desk_.HasChanges(); }
+  bool HasUnsavedChanges() override { return !EndEdits() || desk_.HasChanges(); }
 
  protected:
-  bool Save(bool saveAs) override { return EndGridEdits() && desk_.Save(saveAs); }
-  bool MayClose() override { return EndGridEdits() && desk_.QueryUnload(); }
+  bool Save(bool saveAs) override { return EndEdits() && desk_.Save(saveAs); }
+  bool MayClose() override { return EndEdits() && desk_.QueryUnload(); }
   void changeEvent(QEvent* event) override;
 
  private:
@@ -61,6 +61,7 @@ class frmQual : public EditorWindow, private QualView {
   QualBranchForm Branch() const override;
   void ShowBranch(const QualBranchForm& form) override;
   void ShowBranchList(const std::vector<std::string>& names, int selected) override;
+  bool EndEdits() override;
   void ShowProgress(int percent) override;
   void SetCaption(const std::string& caption) override;
 
@@ -70,11 +71,10 @@ class frmQual : public EditorWindow, private QualView {
   void SetColumnWidths(const CoefficientGrid& grid);
   void ShowParameter(const CoefficientGrid& grid);
   void ApplyFilter(CoefficientGrid& grid);
+  void ForgetFilters();
   void ShowByXSect(bool byXSect);
   void ResetToDefaults();
   std::array<Spreadsheet*, 7> Grids() const;
-  /// False: an edit under way was refused, and its editor is still open.
-  bool EndGridEdits();
 
   // Fields and menus.
   void ConnectForm();

@@ -27,7 +27,7 @@ std::array<Spreadsheet*, 7> frmQual::Grids() const {
           ui_->ssInitialCond, ui_->ssLateralInflows, ui_->ssPlotted};
 }
 
-bool frmQual::EndGridEdits() {
+bool frmQual::EndEdits() {
   return std::ranges::all_of(Grids(), &Spreadsheet::EndEdit);
 }
 
@@ -83,7 +83,7 @@ void frmQual::ShowParameter(const CoefficientGrid& grid) {
 
 void frmQual::ApplyFilter(CoefficientGrid& grid) {
   const QString text = grid.Filter->text();
-  if (EndGridEdits() && desk_.Filter(*grid.Sheet, FromQt(text))) {
+  if (EndEdits() && desk_.Filter(*grid.Sheet, FromQt(text))) {
     grid.Filtered = FromQt(text);
     SetColumnWidths(grid);
     ShowParameter(grid);
@@ -93,8 +93,18 @@ void frmQual::ApplyFilter(CoefficientGrid& grid) {
   }
 }
 
+/// A file that is opened is shown whole.
+void frmQual::ForgetFilters() {
+  for (CoefficientGrid& grid : coefficients_) {
+    if (grid.Filter == nullptr) continue;
+    const QSignalBlocker ownChange(grid.Filter);
+    grid.Filter->clear();
+    grid.Filtered.clear();
+  }
+}
+
 void frmQual::ShowByXSect(bool byXSect) {
-  if (EndGridEdits() && desk_.ShowByXSect(byXSect)) {
+  if (EndEdits() && desk_.ShowByXSect(byXSect)) {
     SetColumnWidths(coefficients_[2]);
   } else {
     const QSignalBlocker ownChange(ui_->chkXSectKinetics);
@@ -105,7 +115,7 @@ void frmQual::ShowByXSect(bool byXSect) {
 /// Of the grid on view.
 void frmQual::ResetToDefaults() {
   for (const CoefficientGrid& grid : coefficients_) {
-    if (grid.Grid->isVisible() && EndGridEdits()) desk_.ResetToDefaults(*grid.Sheet);
+    if (grid.Grid->isVisible() && EndEdits()) desk_.ResetToDefaults(*grid.Sheet);
   }
 }
 

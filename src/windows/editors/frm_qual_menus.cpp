@@ -27,7 +27,7 @@ void frmQual::ConnectMenus() {
   }
   connect(ui_->mnuEditResetDefault, &QAction::triggered, this, &frmQual::ResetToDefaults);
   connect(ui_->mnuEditNetworkNames, &QAction::triggered, this, [this] {
-    if (EndGridEdits()) desk_.TakeNetworkNames();
+    if (EndEdits()) desk_.TakeNetworkNames();
   });
   connect(ui_->mnuEdit, &QMenu::aboutToShow, this,
           [this] { ui_->mnuEditNetworkNames->setEnabled(desk_.OffersNetworkNames()); });
