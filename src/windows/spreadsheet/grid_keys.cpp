@@ -33,6 +33,8 @@ void GridView::SetUpShortcuts() {
   for (const CommandKey& each : kCommandKeys) {
     add(QKeySequence::keyBindings(each.Key), [this, &each] { Run(each.Command); });
   }
+  // A second key for Delete on some platforms, and in forms that of a command of their own.
+  shortcuts_.erase(Qt::CTRL | Qt::Key_D);
   add(kUndoKeys, [this] { Travel(true); });
   add(kRedoKeys, [this] { Travel(false); });
   add({Qt::CTRL | Qt::Key_F}, [this] { emit FindAsked(); });
