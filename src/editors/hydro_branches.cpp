@@ -7,6 +7,7 @@
 
 #include "core/files.h"
 #include "core/raised_flag.h"
+#include "editors/field_files.h"
 #include "editors/hydro_desk.h"
 #include "editors/typed_values.h"
 #include "editors/xsect_sheet.h"
@@ -238,9 +239,8 @@ bool HydroDesk::OffersBoundary(BoundaryAction action, bool isUpstream) const {
   const BranchForm form = view_.Branch();
   if (branch_ == 0 || (!isUpstream && !LookOf(form.DSType).OffersFile)) return false;
   if (action == BoundaryAction::Open) return true;
-  if (!around_.Windows.OffersEditor("BCF")) return false;
-  const std::string name = FileIn(isUpstream ? form.USFile : form.DSFile);
-  return action == BoundaryAction::New || FindFile(name, Project().FileName).has_value();
+  if (action == BoundaryAction::New) return around_.Windows.OffersEditor("BCF");
+  return CanEdit(around_, "BCF", isUpstream ? form.USFile : form.DSFile, Project().FileName);
 }
 
 void HydroDesk::RunBoundary(BoundaryAction action, bool isUpstream) {
@@ -249,19 +249,20 @@ void HydroDesk::RunBoundary(BoundaryAction action, bool isUpstream) {
     BranchForm form = view_.Branch();
     std::string& field = isUpstream ? form.USFile : form.DSFile;
     if (action == BoundaryAction::Open) {
-      const std::string chosen = AskForFile(kBoundarySlot, field);
+      const std::string chosen = AskForFile(around_, kBoundarySlot, field);
       if (chosen.empty()) return false;
       field = chosen;
       ShowBranch(form);
       Edited();
       return true;
     }
-    EditRequest request{
-        .Kind = "BCF", .Slot = kBoundarySlot, .Row = branch_, .IsUpstream = isUpstream};
+    const std::string name = action == BoundaryAction::Edit ? field : std::string();
+    EditRequest request = RequestFor("BCF", kBoundarySlot, name, Project().FileName, IsAside());
+    request.Row = branch_;
+    request.IsUpstream = isUpstream;
     const int type = isUpstream ? form.USType : form.DSType;
     const std::string_view letters = isUpstream ? kUSLetters : kDSLetters;
     if (type >= 0) request.BoundaryType = letters[static_cast<std::size_t>(type)];
-    if (action == BoundaryAction::Edit) request.FileName = PathOf(FileIn(field));
     around_.Windows.FileEdit(request);
     return true;
   });

@@ -108,6 +108,7 @@ class HydroDesk {
     HydroInput Hydro;
   };
 
+  bool IsAside() const { return own_ != nullptr; }
   ProjectData& Project() const { return *project_; }
   HydroInput& Hydro() const { return *hydro_; }
   void EditRecords(std::unique_ptr<OwnRecords>& own);
@@ -126,8 +127,6 @@ class HydroDesk {
   void ShowAll();
   bool Write(bool saveAs);
   void ForgetSharedCopy(const std::string& fileName);
-  std::string PathOf(const std::string& name) const;
-  std::string AskForFile(int slot, const std::string& field);
   bool TakeAll();
 
   void ShowBranch(const BranchForm& form);

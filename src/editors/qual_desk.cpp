@@ -53,6 +53,8 @@ std::string QualCaption(const std::string& fileName) {
 QualDesk::QualDesk(const EditorSurroundings& around, QualView& view)
     : around_(around),
       view_(view),
+      project_(&around.Project),
+      qual_(&around.Qual),
       global_(kKineticsRange, false),
       branchKinetics_(kKineticsRange, false),
       xsectKinetics_(kKineticsRange, false),
@@ -107,6 +109,13 @@ std::optional<QualInput> QualDesk::Load(const std::string& fileName, ProjectData
   return loaded;
 }
 
+/// None for the shared ones.
+void QualDesk::EditRecords(std::unique_ptr<OwnRecords> own) {
+  own_ = std::move(own);
+  project_ = own_ ? &own_->Project : &around_.Project;
+  qual_ = own_ ? &own_->Qual : &around_.Qual;
+}
+
 bool QualDesk::Open(const std::string& fileName, bool aside) {
   return Run("Initialize", [&] {
     if (open_ && !MayDropChanges()) return false;
@@ -119,7 +128,7 @@ bool QualDesk::Open(const std::string& fileName, bool aside) {
       if (open_) ShowAll();  // without the changes that were given up
       return false;
     }
-    own_ = std::move(own);
+    EditRecords(std::move(own));
     Qual() = *std::move(loaded);
     view_.SetCaption(QualCaption(fileName));
     open_ = true;
@@ -216,7 +225,7 @@ bool QualDesk::Write(bool saveAs) {
   if (!SaveQNPFile(Qual(), project, around_.Screen, name)) return false;
   if (own_ && isProjects) {
     around_.Qual = std::move(own_->Qual);
-    own_.reset();
+    EditRecords(nullptr);
   } else if (std::exchange(project.QualFile, name) != name) {
     project.Dirty = true;
   }

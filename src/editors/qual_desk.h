@@ -113,8 +113,10 @@ class QualDesk {
     QualInput Qual;
   };
 
-  ProjectData& Project() const { return own_ ? own_->Project : around_.Project; }
-  QualInput& Qual() const { return own_ ? own_->Qual : around_.Qual; }
+  bool IsAside() const { return own_ != nullptr; }
+  ProjectData& Project() const { return *project_; }
+  QualInput& Qual() const { return *qual_; }
+  void EditRecords(std::unique_ptr<OwnRecords> own);
 
   bool Run(const char* routine, const std::function<bool()>& action);
   void SetUpGrids();
@@ -142,14 +144,14 @@ class QualDesk {
   bool TakeProjectsNames();
   void FollowProjectsNames();
   bool Write(bool saveAs);
-  std::string AskForFile(int slot, const std::string& title, const std::string& field);
-  std::string PathOf(const std::string& name) const;
   void PutMet(QualForm form, std::size_t place, const std::string& name);
   void EditMet(const QualForm& form, MetAction action);
 
   EditorSurroundings around_;
   QualView& view_;
   std::unique_ptr<OwnRecords> own_;  ///< none: the shared ones are edited
+  ProjectData* project_;             ///< the one that is edited
+  QualInput* qual_;
   KineticCatalogue catalogue_;
   CoefficientSheet global_;
   CoefficientSheet branchKinetics_;

@@ -5,9 +5,9 @@
 
 #include "core/files.h"
 #include "core/raised_flag.h"
+#include "editors/field_files.h"
 #include "editors/qual_desk.h"
 #include "editors/typed_values.h"
-#include "import/browse_file.h"
 
 namespace lomaris {
 namespace {
@@ -23,8 +23,6 @@ constexpr FileField kFileFields[] = {{"LAT", 6, &QualForm::LatFile},
                                      {"POW", 7, &QualForm::PowFile}};
 constexpr int kMetSlot = 8;
 constexpr int kBoundarySlot = 9;
-
-constexpr const char* kSelectTitle = "Select Existing File";
 
 const FileField& FieldOf(QualFile file) {
   return kFileFields[static_cast<int>(file)];
@@ -97,35 +95,17 @@ void QualDesk::FollowProjectsNames() {
   ShowBranch(shownBranch_);
 }
 
-/// A file of the kind that a slot of the project window takes; `field` names the one at hand. Empty
-/// when cancelled.
-std::string QualDesk::AskForFile(int slot, const std::string& title, const std::string& field) {
-  BrowseRequest request{
-      .Filter = around_.SharedTables.FileFilter[slot], .Title = title, .FileName = FileIn(field)};
-  const auto chosen = BrowseFiles(request, around_.Screen, around_.Store);
-  return chosen.empty() ? std::string() : chosen.front();
-}
-
-/// A name as other windows understand it: they look beside the project, not beside a file that is
-/// in none.
-std::string QualDesk::PathOf(const std::string& name) const {
-  return own_ ? FindFile(name, Project().FileName).value_or(name) : name;
-}
-
 bool QualDesk::OffersEdit(QualFile file) const {
   const FileField& field = FieldOf(file);
-  return around_.Windows.OffersEditor(field.Kind) &&
-         FindFile(FileIn(view_.Form().*field.Name), Project().FileName);
+  return CanEdit(around_, field.Kind, view_.Form().*field.Name, Project().FileName);
 }
 
 void QualDesk::EditFile(QualFile file) {
   if (!OffersEdit(file)) return;
   Run("btnBrowse_Click", [&] {
     const FileField& field = FieldOf(file);
-    around_.Windows.FileEdit({.FileName = PathOf(FileIn(view_.Form().*field.Name)),
-                              .Kind = field.Kind,
-                              .Slot = field.Slot,
-                              .Aside = own_ != nullptr});
+    around_.Windows.FileEdit(RequestFor(field.Kind, field.Slot, view_.Form().*field.Name,
+                                        Project().FileName, IsAside()));
     return true;
   });
 }
@@ -134,7 +114,7 @@ void QualDesk::SelectFile(QualFile file) {
   Run("btnBrowseSelect_Click", [&] {
     const FileField& field = FieldOf(file);
     QualForm form = view_.Form();
-    const std::string chosen = AskForFile(field.Slot, kSelectTitle, form.*field.Name);
+    const std::string chosen = AskForFile(around_, field.Slot, form.*field.Name);
     if (chosen.empty()) return false;
     form.*field.Name = chosen;
     ShowForm(form);
@@ -151,8 +131,7 @@ bool QualDesk::OffersMet(MetAction action) const {
   const bool hasRoom = std::ssize(form.MetFiles) < kMostMetFiles;
   switch (action) {
     case MetAction::Edit:
-      return around_.Windows.OffersEditor("MET") &&
-             FindFile(FileIn(selected), Project().FileName).has_value();
+      return CanEdit(around_, "MET", selected, Project().FileName);
     case MetAction::Replace:
       return true;
     case MetAction::Add:
@@ -176,12 +155,10 @@ void QualDesk::PutMet(QualForm form, std::size_t place, const std::string& name)
 
 void QualDesk::EditMet(const QualForm& form, MetAction action) {
   const bool isNew = action == MetAction::New;
-  const auto row = isNew ? std::ssize(form.MetFiles) : form.MetFile;
-  around_.Windows.FileEdit({.FileName = isNew ? std::string() : PathOf(SelectedMet(form)),
-                            .Kind = "MET",
-                            .Slot = kMetSlot,
-                            .Row = static_cast<int>(row) + 1,
-                            .Aside = own_ != nullptr});
+  const std::string name = isNew ? std::string() : SelectedMet(form);
+  EditRequest request = RequestFor("MET", kMetSlot, name, Project().FileName, IsAside());
+  request.Row = static_cast<int>(isNew ? std::ssize(form.MetFiles) : form.MetFile) + 1;
+  around_.Windows.FileEdit(request);
 }
 
 void QualDesk::RunMet(MetAction action) {
@@ -199,7 +176,7 @@ void QualDesk::RunMet(MetAction action) {
       Edited();
       return true;
     }
-    const std::string chosen = AskForFile(kMetSlot, "Open", SelectedMet(form));
+    const std::string chosen = AskForFile(around_, kMetSlot, SelectedMet(form), "Open");
     if (chosen.empty()) return false;
     const bool replaces = action == MetAction::Replace;
     // With no row selected the choice becomes the first one.
@@ -219,8 +196,8 @@ bool QualDesk::OffersBoundary(QualBoundary action, bool isUpstream) const {
   if (action == QualBoundary::None) return !name.empty();
   if (!(isUpstream ? form.NeedsUSFile : form.NeedsDSFile)) return false;
   if (action == QualBoundary::Open) return true;
-  if (!around_.Windows.OffersEditor("BCF")) return false;
-  return action == QualBoundary::New || FindFile(name, Project().FileName).has_value();
+  if (action == QualBoundary::New) return around_.Windows.OffersEditor("BCF");
+  return CanEdit(around_, "BCF", name, Project().FileName);
 }
 
 void QualDesk::RunBoundary(QualBoundary action, bool isUpstream) {
@@ -229,18 +206,15 @@ void QualDesk::RunBoundary(QualBoundary action, bool isUpstream) {
     QualBranchForm form = view_.Branch();
     std::string& field = isUpstream ? form.USFile : form.DSFile;
     if (action == QualBoundary::Edit || action == QualBoundary::New) {
-      EditRequest request{.Kind = "BCF",
-                          .Slot = kBoundarySlot,
-                          .Row = branch_,
-                          .IsUpstream = isUpstream,
-                          .Aside = own_ != nullptr};
-      if (action == QualBoundary::Edit) request.FileName = PathOf(FileIn(field));
+      const std::string name = action == QualBoundary::Edit ? field : std::string();
+      EditRequest request = RequestFor("BCF", kBoundarySlot, name, Project().FileName, IsAside());
+      request.Row = branch_;
+      request.IsUpstream = isUpstream;
       around_.Windows.FileEdit(request);
       return true;
     }
-    const std::string chosen = action == QualBoundary::None
-                                   ? kNoneSelected
-                                   : AskForFile(kBoundarySlot, kSelectTitle, field);
+    const std::string chosen =
+        action == QualBoundary::None ? kNoneSelected : AskForFile(around_, kBoundarySlot, field);
     if (chosen.empty()) return false;
     field = chosen;
     ShowBranch(form);
