@@ -14,12 +14,6 @@ namespace {
 
 constexpr const char* kUnknownLookup = "The cross section library has no section of this name.";
 
-/// The widest line of a head.
-QString WidestLine(const std::string& heading) {
-  const QStringList lines = ToQt(heading).split('\n');
-  return *std::ranges::max_element(lines, {}, [](const QString& line) { return line.size(); });
-}
-
 }  // namespace
 
 std::array<Spreadsheet*, 3> frmHydro::Grids() const {
@@ -42,7 +36,7 @@ void frmHydro::SetUpGrids() {
   }
   const Sheet& xsects = desk_.XSects();
   for (int col = xsects.FixedCols(); col < xsects.Cols(); ++col) {
-    ui_->ssXSect->SetColWidthText(col, WidestLine(xsects.TextMatrix(0, col)) + "  ");
+    ui_->ssXSect->SetColWidthText(col, Spreadsheet::WidestLine(xsects.TextMatrix(0, col)) + "  ");
   }
 }
 

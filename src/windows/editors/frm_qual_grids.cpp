@@ -14,12 +14,6 @@ namespace {
 constexpr const char* kValueWidth = "999999.9999";
 constexpr const char* kOtherName = "The network has another name for this cross section.";
 
-/// The widest line of a head.
-QString WidestLine(const std::string& heading) {
-  const QStringList lines = ToQt(heading).split('\n');
-  return *std::ranges::max_element(lines, {}, [](const QString& line) { return line.size(); });
-}
-
 }  // namespace
 
 std::array<Spreadsheet*, 7> frmQual::Grids() const {
@@ -68,7 +62,7 @@ void frmQual::SetColumnWidths(const CoefficientGrid& grid) {
     QString widest = col < sheet.FixedCols() ? QString() : QString(kValueWidth);
     const int rows = col < sheet.FixedCols() ? sheet.Rows() : sheet.FixedRows();
     for (int row = 0; row < rows; ++row) {
-      const QString line = WidestLine(sheet.TextMatrix(row, col));
+      const QString line = Spreadsheet::WidestLine(sheet.TextMatrix(row, col));
       if (line.size() > widest.size()) widest = line;
     }
     grid.Grid->SetColWidthText(col, widest + "  ");

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPointer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "spreadsheet/format_string.h"
 #include "windows/core/help_window.h"
@@ -30,6 +31,11 @@ Spreadsheet::Spreadsheet(QWidget* parent) : QWidget(parent), pages_(new QStacked
   layout->addWidget(pages_);
   setFocusPolicy(Qt::StrongFocus);  // a place in the tab order, which the grid takes
   setToolTip(tr("Right-click for options"));
+}
+
+QString Spreadsheet::WidestLine(const std::string& heading) {
+  const QStringList lines = ToQt(heading).split('\n');
+  return *std::ranges::max_element(lines, {}, [](const QString& line) { return line.size(); });
 }
 
 void Spreadsheet::Attach(Sheet& sheet, Ui& screen, Settings& settings, CopiedDates& copied) {

@@ -62,6 +62,8 @@ class Spreadsheet : public QWidget {
   /// Makes a column as wide as a sample text.
   QString ColWidthText(int col) const { return grid_->ColWidthText(col); }
   void SetColWidthText(int col, const QString& sample) { grid_->SetColWidth(col, {sample}); }
+  /// The longest line of a head, for such a sample.
+  static QString WidestLine(const std::string& heading);
 
   /// In pixels. The first fixed column and row are heads, which have one width and height each.
   int ColWidth(int col) const { return grid_->ColWidth(col); }
