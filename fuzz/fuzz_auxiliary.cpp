@@ -43,6 +43,8 @@ void RoundTripOf(const char* name, const char* boundaryType, const std::uint8_t*
       }
     }
     MarkNodesOfEntries(aux);
+    // Alone it is written in a form that reads back as none; the editor lets nobody save that.
+    if (aux.TemperatureOption == 0) aux.CloudOption = 0;
     aux.Modified = false;  // a wet bulb that nobody corrects is asked about at each load
     return true;
   };
