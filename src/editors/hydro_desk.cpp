@@ -253,7 +253,7 @@ bool HydroDesk::Write(bool saveAs) {
   hydro.HydroLoaded = true;
   view_.SetCaption(HydroCaption(name));
   if (std::exchange(project.HydroFile, name) != name) project.Dirty = true;
-  if (own_) ForgetSharedCopy(name);
+  if (own_) RenewSharedCopy(name);
   KeepAsOpened();
   around_.Windows.RefreshProjectWindow();
   if (otherLibrary) LoadLibrary();
@@ -274,12 +274,13 @@ void HydroDesk::FollowProjectsNames() {
   ShowForm(FormOf(Hydro()));
 }
 
-/// A file written from here may be the one that the network in memory was read from: it is read
-/// again when it is needed.
-void HydroDesk::ForgetSharedCopy(const std::string& fileName) {
-  if (SameFile(around_.Hydro.FileName, fileName, around_.Project.FileName)) {
-    around_.Hydro = HydroInput();
-  }
+/// A file written from here may be the one that the network in memory was read from: other windows
+/// work on what it is now.
+void HydroDesk::RenewSharedCopy(const std::string& fileName) {
+  HydroInput& shared = around_.Hydro;
+  if (!SameFile(shared.FileName, fileName, around_.Project.FileName)) return;
+  const std::string name = std::exchange(shared, {}).FileName;
+  LoadHNPFile(shared, around_.Project, around_.Screen, name);
 }
 
 /// Changes given up later must not bring the old names back. Whoever renames says by `Dirty`

@@ -126,7 +126,7 @@ class HydroDesk {
   void ShowForm(const HydroForm& form);
   void ShowAll();
   bool Write(bool saveAs);
-  void ForgetSharedCopy(const std::string& fileName);
+  void RenewSharedCopy(const std::string& fileName);
   bool TakeAll();
 
   void ShowBranch(const BranchForm& form);
