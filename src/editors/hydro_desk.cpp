@@ -176,17 +176,12 @@ bool HydroDesk::MayDropChanges() {
   return answer == Answer::No;
 }
 
-/// The project may name another network by now, and be the reason why this one goes: its choice
-/// stands then.
 bool HydroDesk::SaveOnTheWay() {
   const ProjectData before = Project();
   const std::string name = Hydro().FileName;
   if (!Write(false)) return false;
-  const bool namesAnother = !name.empty() && NamesAFile(before.HydroFile) &&
-                            before.HydroFile != name &&
-                            !SameFile(before.HydroFile, name, before.FileName);
-  if (!namesAnother) return true;
-  Project() = before;
+  if (!NamesAnother(before.HydroFile, name, before.FileName)) return true;
+  Project() = projectAsOpened_ = before;
   around_.Windows.RefreshProjectWindow();
   return true;
 }
@@ -244,7 +239,8 @@ bool HydroDesk::Write(bool saveAs) {
                                            project.FileName, around_);
   if (name.empty() || !TakeAll()) return false;
   FollowProjectsNames();
-  if (own_ && SameFile(around_.Hydro.FileName, name, around_.Project.FileName) &&
+  const std::string shared = around_.Hydro.FileName;  // which goes when its changes are given up
+  if (own_ && SameFile(shared, name, around_.Project.FileName) &&
       !SaveNetworkFirst(around_.Hydro, around_.Project, around_.Screen)) {
     return false;
   }
@@ -253,7 +249,7 @@ bool HydroDesk::Write(bool saveAs) {
   hydro.HydroLoaded = true;
   view_.SetCaption(HydroCaption(name));
   if (std::exchange(project.HydroFile, name) != name) project.Dirty = true;
-  if (own_) RenewSharedCopy(name);
+  if (own_ && SameFile(shared, name, around_.Project.FileName)) RenewSharedCopy(shared);
   KeepAsOpened();
   around_.Windows.RefreshProjectWindow();
   if (otherLibrary) LoadLibrary();
@@ -274,13 +270,11 @@ void HydroDesk::FollowProjectsNames() {
   ShowForm(FormOf(Hydro()));
 }
 
-/// A file written from here may be the one that the network in memory was read from: other windows
-/// work on what it is now.
+/// The file that the network in memory was read from was written from here: other windows work on
+/// what it is now.
 void HydroDesk::RenewSharedCopy(const std::string& fileName) {
-  HydroInput& shared = around_.Hydro;
-  if (!SameFile(shared.FileName, fileName, around_.Project.FileName)) return;
-  const std::string name = std::exchange(shared, {}).FileName;
-  LoadHNPFile(shared, around_.Project, around_.Screen, name);
+  around_.Hydro = HydroInput();
+  LoadHNPFile(around_.Hydro, around_.Project, around_.Screen, fileName);
 }
 
 /// Changes given up later must not bring the old names back. Whoever renames says by `Dirty`

@@ -45,7 +45,7 @@ void QualDesk::ListBranches(int selected) {
 
 /// All of them in the list, and one in the fields and grids, the last one for one that is gone.
 void QualDesk::ShowBranches(int entry) {
-  entry = Min(entry, Qual().BranchCount - 1);
+  entry = Min(Max(entry, 0), Qual().BranchCount - 1);
   ListBranches(entry);
   ShowEntry(entry);
 }
@@ -116,6 +116,13 @@ void QualDesk::TakePlotted() {
   }
 }
 
+/// From then on a name that is as before again is another one than the record has.
+void QualDesk::TakeBoundaryFields() {
+  const QualBranchForm form = view_.Branch();
+  StoreBranchFields(form, shownBranch_, Qual().Branches[branch_]);
+  shownBranch_ = form;
+}
+
 /// Takes the branch on view into the record. False: something was refused.
 bool QualDesk::TakeBranch() {
   if (branch_ == 0) return true;
@@ -132,7 +139,7 @@ bool QualDesk::TakeBranch() {
     ++place;
   }
   TakePlotted();
-  StoreBranchFields(view_.Branch(), shownBranch_, record);
+  TakeBoundaryFields();
   return true;
 }
 
@@ -181,11 +188,10 @@ void QualDesk::ShowNetwork() {
   QualForm form = view_.Form();
   form.SimPeriod = FormOf(Qual(), around_.Hydro).SimPeriod;
   if (form != view_.Form()) ShowForm(form);
-  if (branch_ > Qual().BranchCount) return ShowBranches(branch_ - 1);
+  if (branch_ == 0 || branch_ > Qual().BranchCount) return ShowBranches(branch_ - 1);
   if (listed_ != BranchNames()) ListBranches(branch_ - 1);
-  if (branch_ == 0) return;
   FillNetworkNames();
-  StoreBranchFields(view_.Branch(), shownBranch_, Qual().Branches[branch_]);
+  TakeBoundaryFields();
   shownBranch_ = BranchFormOf(Qual(), around_.Hydro, branch_);
   if (shownBranch_ != view_.Branch()) ShowBranch(shownBranch_);
 }
@@ -194,6 +200,7 @@ void QualDesk::Activated() {
   if (!open_ || showing_) return;
   Run("Form_Activate", [&] {
     FollowProjectsNames();
+    keepsBranches_ = keepsBranches_ && NamesOf(around_.Hydro) != network_;
     if (keepsBranches_ || !FollowNetwork()) return false;
     if (around_.Hydro.HydroLoaded) ShowNetwork();
     return true;

@@ -146,6 +146,7 @@ bool QualDesk::Open(const std::string& fileName, bool aside) {
 void QualDesk::KeepAsOpened() {
   asOpened_ = Qual();
   projectAsOpened_ = Project();
+  networkAsOpened_ = network_;
 }
 
 void QualDesk::ShowForm(const QualForm& form) {
@@ -166,9 +167,26 @@ void QualDesk::ShowAll() {
 bool QualDesk::MayDropChanges() {
   if (!Qual().Dirty) return true;
   const Answer answer = AskToSaveChanges(kQualInputFile, around_.Screen);
-  if (answer == Answer::Yes) return Write(false);
-  if (answer == Answer::No) Qual() = asOpened_;
+  if (answer == Answer::Yes) return SaveOnTheWay();
+  if (answer == Answer::No) GiveUp();
   return answer == Answer::No;
+}
+
+bool QualDesk::SaveOnTheWay() {
+  if (IsAside()) return Write(false);
+  const ProjectData before = Project();
+  const std::string name = Qual().FileName;
+  if (!Write(false)) return false;
+  if (!NamesAnother(before.QualFile, name, before.FileName)) return true;
+  Project() = projectAsOpened_ = before;
+  around_.Windows.RefreshProjectWindow();
+  return true;
+}
+
+/// The branches may have followed the network, and are those of before again.
+void QualDesk::GiveUp() {
+  Qual() = asOpened_;
+  network_ = networkAsOpened_;
 }
 
 bool QualDesk::QueryUnload() {

@@ -125,6 +125,8 @@ class QualDesk {
   std::optional<QualInput> Load(const std::string& fileName, ProjectData& project, NamesFrom names);
   void KeepAsOpened();
   bool MayDropChanges();
+  bool SaveOnTheWay();
+  void GiveUp();
   void ShowForm(const QualForm& form);
   void ShowAll();
   std::vector<std::string> BranchNames() const;
@@ -135,6 +137,7 @@ class QualDesk {
   void FillPlotted();
   void FillNetworkNames();
   void TakePlotted();
+  void TakeBoundaryFields();
   bool TakeBranch();
   bool TakeAll();
   void BypassTemperature();
@@ -163,8 +166,9 @@ class QualDesk {
   QualInput asOpened_;               ///< the input as it was opened or saved last
   ProjectData projectAsOpened_;      ///< the project at that moment
   NetworkNames network_;             ///< that whose branches and cross sections the input has
+  NetworkNames networkAsOpened_;     ///< the same of `asOpened_`
   std::vector<std::string> listed_;  ///< branches, as they were shown
-  QualBranchForm shownBranch_;       ///< the boundary fields as they were shown
+  QualBranchForm shownBranch_;       ///< the boundary fields as shown or taken last
   int branch_ = 0;                   ///< number of the branch on view; 0 for none
   bool keepsBranches_ = false;       ///< the user does not want the network's, for now
   bool showing_ = false;             ///< what changes in the window now is our own doing

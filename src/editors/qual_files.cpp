@@ -87,7 +87,7 @@ bool QualDesk::TakeProjectsNames() {
 void QualDesk::FollowProjectsNames() {
   QualInput& qual = Qual();
   StoreForm(view_.Form(), qual);
-  if (branch_ > 0) StoreBranchFields(view_.Branch(), shownBranch_, qual.Branches[branch_]);
+  if (branch_ > 0) TakeBoundaryFields();
   if (!TakeProjectsNames()) return;
   ShowForm(FormOf(qual, around_.Hydro));
   if (branch_ == 0) return;

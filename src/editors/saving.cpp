@@ -1,6 +1,7 @@
 #include "editors/saving.h"
 
 #include "core/save_file.h"
+#include "model/file_names.h"
 #include "model/input_file.h"
 
 namespace lomaris {
@@ -13,6 +14,12 @@ std::string NameToSaveUnder(const std::string& name, const FileStamp& onDisk, bo
                     around.Screen, around.Store);
   }
   return MayOverwrite(name, onDisk, projectFile, around.Screen) ? name : std::string();
+}
+
+bool NamesAnother(const std::string& projects, const std::string& name,
+                  const std::string& projectFile) {
+  return !name.empty() && NamesAFile(projects) && projects != name &&
+         !SameFile(projects, name, projectFile);
 }
 
 }  // namespace lomaris

@@ -14,4 +14,9 @@ std::string NameToSaveUnder(const std::string& name, const FileStamp& onDisk, bo
                             int filter, const std::string& projectFile,
                             const EditorSurroundings& around);
 
+/// Whether the project names another file than `name` by now. It may be the reason why that one
+/// goes, and its choice stands when that one is saved on the way out.
+bool NamesAnother(const std::string& projects, const std::string& name,
+                  const std::string& projectFile);
+
 }  // namespace lomaris

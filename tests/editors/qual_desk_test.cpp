@@ -223,6 +223,9 @@ TEST_F(QualDeskTest, BoundaryFieldsSayWhyThereIsNoFile) {
   EXPECT_EQ(project.BCFilesQ[1].Upstream, "");
   EXPECT_EQ(project.BCFilesQ[1].Downstream, "spring.bcf");
   EXPECT_TRUE(project.Dirty);
+  view.Ends.DSFile = "(Please specify boundary condition file)";  // as it was shown at first
+  EXPECT_TRUE(desk.Save(false));
+  EXPECT_EQ(project.BCFilesQ[1].Downstream, "");
 }
 
 TEST_F(QualDeskTest, WeatherFilesAreReplacedAddedAndRemoved) {
@@ -358,6 +361,26 @@ TEST_F(QualDeskTest, GivingUpAndTheProjectsOwnChoicesAreKept) {
   EXPECT_TRUE(desk.QueryUnload());
   EXPECT_EQ(ui.LastMessage(), "Save changes to Water Quality input file?");
   EXPECT_FALSE(qual.Dirty);
+}
+
+TEST_F(QualDeskTest, AnotherFileThatCannotBeReadLeavesAllAsSavedOrGivenUp) {
+  ASSERT_TRUE(desk.Open(kName));
+  project.QualFile = folder.Write("other.qnp", "cut short\r\n");
+  view.Fields.LatFile = "new.lat";
+  desk.Edited();
+  ui.Answers = {Answer::Yes, Answer::Abort};
+  EXPECT_FALSE(desk.Open("other.qnp"));
+  EXPECT_EQ(project.QualFile, folder.Path("other.qnp")) << "the choice that led here";
+  EXPECT_TRUE(desk.Save(false) && qual.LatFile == "new.lat" && project.QualFile == kName);
+
+  hydro.Branches[1].XSects.Resize(++hydro.Branches[1].XSectCount);
+  ui.Answers = {Answer::Yes};
+  desk.Activated();
+  EXPECT_TRUE(FitsNetwork(qual, hydro));
+  ui.Answers = {Answer::No, Answer::Abort};
+  EXPECT_FALSE(desk.Open("other.qnp") || FitsNetwork(qual, hydro));
+  ui.Answers = {Answer::Yes};
+  EXPECT_TRUE(desk.Save(false) && ui.Answers.empty() && FitsNetwork(qual, hydro));
 }
 
 }  // namespace
