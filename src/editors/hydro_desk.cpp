@@ -239,17 +239,20 @@ bool HydroDesk::Write(bool saveAs) {
                                            project.FileName, around_);
   if (name.empty() || !TakeAll()) return false;
   FollowProjectsNames();
-  const std::string shared = around_.Hydro.FileName;  // which goes when its changes are given up
+  const std::string shared = around_.Hydro.FileName;
   if (own_ && SameFile(shared, name, around_.Project.FileName) &&
       !SaveNetworkFirst(around_.Hydro, around_.Project, around_.Screen)) {
     return false;
   }
-  if (!SaveHNPFile(hydro, project, around_.Screen, name)) return false;
+  const bool saved = SaveHNPFile(hydro, project, around_.Screen, name);
+  if (own_ && SameFile(shared, name, around_.Project.FileName)) {
+    RereadNetwork(around_.Hydro, around_.Project, around_.Screen, shared);
+  }
+  if (!saved) return false;
   const bool otherLibrary = asOpened_.XSGFile != hydro.XSGFile;
   hydro.HydroLoaded = true;
   view_.SetCaption(HydroCaption(name));
   if (std::exchange(project.HydroFile, name) != name) project.Dirty = true;
-  if (own_ && SameFile(shared, name, around_.Project.FileName)) RenewSharedCopy(shared);
   KeepAsOpened();
   around_.Windows.RefreshProjectWindow();
   if (otherLibrary) LoadLibrary();
@@ -268,13 +271,6 @@ void HydroDesk::FollowProjectsNames() {
     if (chosenThere && !chosenHere) Hydro().*mine = Project().*projects;
   }
   ShowForm(FormOf(Hydro()));
-}
-
-/// The file that the network in memory was read from was written from here: other windows work on
-/// what it is now.
-void HydroDesk::RenewSharedCopy(const std::string& fileName) {
-  around_.Hydro = HydroInput();
-  LoadHNPFile(around_.Hydro, around_.Project, around_.Screen, fileName);
 }
 
 /// Changes given up later must not bring the old names back. Whoever renames says by `Dirty`

@@ -126,7 +126,6 @@ class HydroDesk {
   void ShowForm(const HydroForm& form);
   void ShowAll();
   bool Write(bool saveAs);
-  void RenewSharedCopy(const std::string& fileName);
   bool TakeAll();
 
   void ShowBranch(const BranchForm& form);

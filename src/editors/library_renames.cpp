@@ -114,10 +114,14 @@ void LibraryDesk::TakeRenamesBack(bool all) {
   SaveNetworkOfNobody();
 }
 
-/// Asks about a network that has unsaved changes and no window that would ask.
+/// Asks about a network that has unsaved changes and no window that would ask. Without them it is
+/// in use still.
 bool LibraryDesk::SaveNetworkOfNobody() {
   if (around_.Windows.EditsNetwork()) return true;
-  const bool saved = SaveNetworkFirst(around_.Hydro, around_.Project, around_.Screen);
+  HydroInput& hydro = around_.Hydro;
+  const std::string name = hydro.FileName;
+  const bool saved = SaveNetworkFirst(hydro, around_.Project, around_.Screen);
+  if (hydro.FileName != name) RereadNetwork(hydro, around_.Project, around_.Screen, name);
   around_.Windows.RefreshProjectWindow();
   return saved;
 }

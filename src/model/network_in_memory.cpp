@@ -49,4 +49,9 @@ bool SaveNetworkFirst(HydroInput& hydro, ProjectData& project, Ui& ui) {
   return answer == Answer::No;
 }
 
+void RereadNetwork(HydroInput& hydro, ProjectData& project, Ui& ui, const std::string& name) {
+  hydro = HydroInput();
+  if (FindFile(name, project.FileName)) LoadHNPFile(hydro, project, ui, name);
+}
+
 }  // namespace lomaris

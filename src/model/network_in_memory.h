@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "core/ports/ui.h"
 #include "core/ports/workbench.h"
 #include "model/hydro_input.h"
@@ -26,5 +28,9 @@ inline constexpr const char* kNetworkFile = "Hydrodynamic input file";
 /// other files, and not over what others have written to its file without asking. Changes that are
 /// given up leave memory with it. False: it has to stay.
 bool SaveNetworkFirst(HydroInput& hydro, ProjectData& project, Ui& ui);
+
+/// Has the network of the file `name`, if there is one, in memory as it is on disk now: other
+/// windows work on it still, when its changes were given up or its file was written by others.
+void RereadNetwork(HydroInput& hydro, ProjectData& project, Ui& ui, const std::string& name);
 
 }  // namespace lomaris

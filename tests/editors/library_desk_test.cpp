@@ -136,6 +136,17 @@ TEST_F(LibraryDeskTest, PointsOfTheFileAreLeftAlone) {
   EXPECT_FALSE(desk.SelectEntry(1));
 }
 
+TEST_F(LibraryDeskTest, ANetworkThatIsNotSavedIsAsOnDiskForTheOtherWindows) {
+  EXPECT_TRUE(desk.SelectEntry(9));
+  view.Asked = {"CR-NEW", "Run"};
+  ui.Answers = {Answer::Yes};
+  desk.Rename();
+  ui.Answers = {Answer::No};
+  EXPECT_TRUE(desk.Save(false) && ui.Answers.empty());
+  EXPECT_TRUE(hydro.HydroLoaded && !hydro.Dirty);
+  EXPECT_EQ(hydro.Branches[1].XSects[1].Lookup, "CR-RUN1");
+}
+
 TEST_F(LibraryDeskTest, LookupNamesFollowARename) {
   EXPECT_TRUE(desk.SelectEntry(9));
   view.Asked = {"CR-NEW", "Run"};
