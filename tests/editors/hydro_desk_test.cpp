@@ -71,7 +71,7 @@ TEST_F(HydroDeskTest, GridsHaveTheirColumnsAndRows) {
   EXPECT_EQ(desk.Results().TextMatrix(0, 1) + "|" + desk.Results().TextMatrix(0, 2),
             "Starting\nDate/Time|Interval\n(hours)");
   EXPECT_EQ(ClipText(desk.Results(), {1, 1, 2, 2}), "04/01/25 00:00\t24\r\n07/01/25 00:00\t6");
-  const Sheet& sheet = desk.XSects();
+  Sheet& sheet = desk.XSects();
   std::string formats;
   for (int col = 1; col < sheet.Cols(); ++col) {
     formats +=
@@ -85,6 +85,13 @@ TEST_F(HydroDeskTest, GridsHaveTheirColumnsAndRows) {
   EXPECT_EQ(ClipText(sheet, {1, 1, 1, 15}),
             "CR 19.88\tYes\tCR-RUN1\t1850\t247.7\t2.07\t1\t644.63\t0.036\t0.1\t0.037\t0.0005\t5.59"
             "\t43.49\t1.23");
+
+  // An empty row stands ready.
+  const int rows = sheet.Rows();
+  EXPECT_TRUE(sheet.EndEdit(rows - 1, kXSectNameCol, "CR 9") && sheet.Rows() == rows + 1);
+  EXPECT_TRUE(sheet.Undo() && sheet.Rows() == rows && ui.Messages.empty());
+  EXPECT_TRUE(sheet.Redo() && sheet.Rows() == rows + 1);
+  EXPECT_EQ(sheet.TextMatrix(rows, 0), std::to_string(rows));
 }
 
 TEST_F(HydroDeskTest, WhatIsWrongInAGridStopsTheSave) {
@@ -358,15 +365,6 @@ TEST_F(HydroDeskTest, FollowsTheLibrary) {
   folder.Write("other.hnp", Example(kName));
   ui.Answers = {Answer::No};
   EXPECT_TRUE(desk.Open("other.hnp") && !hydro.Dirty) << "asked once";
-}
-
-TEST_F(HydroDeskTest, AnEmptyRowStandsReady) {
-  Sheet& sheet = desk.XSects();
-  const int rows = sheet.Rows();
-  EXPECT_TRUE(sheet.EndEdit(rows - 1, kXSectNameCol, "CR 9") && sheet.Rows() == rows + 1);
-  EXPECT_TRUE(sheet.Undo() && sheet.Rows() == rows && ui.Messages.empty());
-  EXPECT_TRUE(sheet.Redo() && sheet.Rows() == rows + 1);
-  EXPECT_EQ(sheet.TextMatrix(rows, 0), std::to_string(rows));
 }
 
 TEST_F(HydroDeskTest, BoundaryFilesGoToTheProjectAndToTheirEditor) {
