@@ -3,10 +3,9 @@
 #include <QEvent>
 #include <QSignalBlocker>
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
-#include "model/file_names.h"
+#include "windows/core/field_text.h"
 #include "windows/core/left_field.h"
 #include "windows/core/page_guard.h"
 #include "windows/core/qt_text.h"
@@ -30,11 +29,6 @@ constexpr TextField kTextFields[] = {
     {"txtSeedYear", &HydroForm::SeedYear},         {"txtLatFile", &HydroForm::LatFile},
     {"txtWitFile", &HydroForm::WitFile},           {"txtXSGFile", &HydroForm::XSGFile}};
 
-/// Leaves the cursor where it is when nothing changes.
-void ShowText(QLineEdit& field, const std::string& text) {
-  if (field.text() != ToQt(text)) field.setText(ToQt(text));
-}
-
 void ShowEntries(QComboBox& list, const std::vector<std::string>& entries, int selected) {
   QStringList texts;
   for (const std::string& entry : entries) texts << ToQt(entry);
@@ -57,10 +51,6 @@ void ShowField(QLabel& label, QLineEdit& field, const char* caption, const char*
 template <std::size_t N>
 const char* UnitOf(const char* const (&units)[N], int entry) {
   return entry < 0 ? "" : units[entry];
-}
-
-void ShowNormalised(QLineEdit& field) {
-  ShowText(field, NormaliseFileName(FromQt(field.text()), true));
 }
 
 }  // namespace

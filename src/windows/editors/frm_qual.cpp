@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "model/file_names.h"
+#include "windows/core/field_text.h"
 #include "windows/core/left_field.h"
 #include "windows/core/page_guard.h"
 #include "windows/core/qt_text.h"
@@ -17,15 +17,6 @@ namespace lomaris {
 namespace {
 
 constexpr int kHelpTopic = 16;
-
-/// Leaves the cursor where it is when nothing changes.
-void ShowText(QLineEdit& field, const std::string& text) {
-  if (field.text() != ToQt(text)) field.setText(ToQt(text));
-}
-
-void ShowNormalised(QLineEdit& field) {
-  ShowText(field, NormaliseFileName(FromQt(field.text()), true));
-}
 
 /// "Temp - Temperature".
 QString ConstituentLine(const Tables& tables, int constituent) {

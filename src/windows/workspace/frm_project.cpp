@@ -11,7 +11,7 @@
 
 #include "core/files.h"
 #include "core/text.h"
-#include "model/file_names.h"
+#include "windows/core/field_text.h"
 #include "windows/core/kept_selection.h"
 #include "windows/core/menu_status.h"
 #include "windows/core/qt_text.h"
@@ -25,11 +25,6 @@ namespace {
 
 constexpr int kFilesTab = 0;
 constexpr int kDiagramTab = 1;
-
-void ShowNormalised(QLineEdit& text) {
-  const QString name = ToQt(NormaliseFileName(FromQt(text.text()), true));
-  if (name != text.text()) text.setText(name);
-}
 
 bool IsOneProject(const std::vector<std::string>& paths) {
   return paths.size() == 1 && EqualIgnoringCase(ExtensionOf(paths.front()), "prj");
