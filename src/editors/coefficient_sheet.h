@@ -73,7 +73,6 @@ class CoefficientSheet {
   // Both fill the grid anew; what is to stay has been taken before. The current cell is that of the
   // same coefficient, if it is still on view.
   void SetByPlace(bool byPlace);
-  bool ByPlace() const { return byPlace_; }
   /// Shows the parameters alone whose name, units or mnemonic hold the text.
   void SetFilter(const std::string& filter);
 

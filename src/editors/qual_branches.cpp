@@ -10,7 +10,12 @@
 namespace lomaris {
 namespace {
 
+// Columns of `ssPlotted`.
+constexpr int kPlottedNameCol = 1;
+constexpr int kPlottedNetworkNameCol = 2;
+constexpr int kPlottedPrintCol = 3;
 constexpr const char* kYes = "Yes";
+constexpr const char* kOtherName = "The network has another name for this cross section.";
 
 constexpr const char* kOtherShape =
     "The network has other branches or cross sections now than this Water Quality input file, "
@@ -106,6 +111,13 @@ void QualDesk::FillNetworkNames() {
     const int row = plotted_.FixedRows() + i - 1;
     plotted_.SetDerivedText(row, kPlottedNetworkNameCol, branch.XSects[i].Name);
   }
+}
+
+std::string QualDesk::PlottedRemark(int row, int col) const {
+  if (col != kPlottedNameCol || row < plotted_.FixedRows()) return {};
+  const bool isNetworks =
+      plotted_.TextMatrix(row, kPlottedNameCol) == plotted_.TextMatrix(row, kPlottedNetworkNameCol);
+  return isNetworks ? "" : kOtherName;
 }
 
 void QualDesk::TakePlotted() {

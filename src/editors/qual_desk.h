@@ -28,11 +28,6 @@ enum class QualBoundary { Edit, Open, New, None };
 /// Entries of `mnuMetPopup`, in its order.
 enum class MetAction { Edit, Replace, Add, New, Remove };
 
-// Columns of `ssPlotted`.
-inline constexpr int kPlottedNameCol = 1;
-inline constexpr int kPlottedNetworkNameCol = 2;
-inline constexpr int kPlottedPrintCol = 3;
-
 /// The logic of the water quality editor: what its fields, lists, menus and buttons do with the
 /// water quality input in memory. Every action is a routine of its own whose failure is reported
 /// under its name. What the desk itself puts into the window is no action of the user's.
@@ -81,6 +76,9 @@ class QualDesk {
 
   /// `btnSelectAllBypass` and `btnSelectNoneBypass`.
   void CalculateAll(bool calculate);
+
+  /// What is to be said of a cell of `ssPlotted`: a name that is not the network's. Empty: nothing.
+  std::string PlottedRemark(int row, int col) const;
 
   // The files. An action that is not offered does nothing.
   bool OffersEdit(QualFile file) const;

@@ -310,10 +310,13 @@ TEST_F(QualDeskTest, ANetworkThatChangesIsFollowedByNameAndOnlyWhenTheUserWants)
   EXPECT_TRUE(FitsNetwork(again, hydro) && HasNetworkNames(again, hydro));
 
   hydro.Branches[1].XSects[1].Name = "Renamed";
+  desk.Activated();
+  EXPECT_EQ(desk.PlottedRemark(1, 1), "The network has another name for this cross section.");
+  EXPECT_EQ(desk.PlottedRemark(2, 1) + desk.PlottedRemark(1, 2), "");
   EXPECT_TRUE(desk.OffersNetworkNames());
   desk.TakeNetworkNames();
   EXPECT_FALSE(desk.OffersNetworkNames());
-  EXPECT_EQ(desk.Plotted().TextMatrix(1, kPlottedNameCol), "Renamed");
+  EXPECT_EQ(desk.Plotted().TextMatrix(1, 1), "Renamed");
 }
 
 TEST_F(QualDeskTest, AsManyCrossSectionsMayBeOthersAndAnotherNetworkIsToldOf) {
@@ -326,7 +329,7 @@ TEST_F(QualDeskTest, AsManyCrossSectionsMayBeOthersAndAnotherNetworkIsToldOf) {
   EXPECT_THAT(ui.LastMessage(), StartsWith("The network is that of saved under another name.hnp "
                                            "now.\r\n\r\nThe network has other cross sections "));
   EXPECT_TRUE(qual.Branches[1] == before && !qual.Dirty);
-  EXPECT_EQ(desk.Plotted().TextMatrix(1, kPlottedNetworkNameCol), "CR renamed");
+  EXPECT_EQ(desk.Plotted().TextMatrix(1, 2), "CR renamed");
   auto& xsects = hydro.Branches[1].XSects;
   std::rotate(xsects.begin() + 2, xsects.begin() + 3, xsects.begin() + 9);  // as many, moved
   ui.Answers = {Answer::Yes};

@@ -12,7 +12,6 @@ namespace lomaris {
 namespace {
 
 constexpr const char* kValueWidth = "999999.9999";
-constexpr const char* kOtherName = "The network has another name for this cross section.";
 
 }  // namespace
 
@@ -31,13 +30,7 @@ void frmQual::SetUpGrids() {
   ui_->ssResults->SetColWidthText(kStartCol, kStartWidth);
   ui_->ssResults->SetColWidthText(kStepValueCol, kStepValueWidth);
   ui_->ssPlotted->Attach(desk_.Plotted(), around_.Screen, around_.Store, copied);
-  ui_->ssPlotted->SetMark([this](int row, int col) {
-    const Sheet& sheet = desk_.Plotted();
-    const bool differs =
-        col == kPlottedNameCol && row >= sheet.FixedRows() &&
-        sheet.TextMatrix(row, kPlottedNameCol) != sheet.TextMatrix(row, kPlottedNetworkNameCol);
-    return differs ? QString(kOtherName) : QString();
-  });
+  ui_->ssPlotted->SetMark([this](int row, int col) { return ToQt(desk_.PlottedRemark(row, col)); });
   coefficients_ = {{{ui_->ssGlobalKinetics, &desk_.GlobalKinetics(), ui_->txtFilterGlobal},
                     {ui_->ssBranchKinetics, &desk_.BranchKinetics(), ui_->txtFilterBranch},
                     {ui_->ssXSectKinetics, &desk_.XSectKinetics(), ui_->txtFilterXSect},
